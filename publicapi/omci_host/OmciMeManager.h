@@ -1,0 +1,17 @@
+#ifndef OMCI_HOST_OMCI_ME_MANAGER_H
+#define OMCI_HOST_OMCI_ME_MANAGER_H
+
+/// Attribute sizes by class and mask, as the registered adapters define them.
+class OmciMeManager
+{
+public:
+    static OmciMeManager* getInstance();
+
+    /// Yields 0 and the attribute's size in bytes (of one row for a table), or -1 when class or attribute is unknown.
+    int getAttributeSize(unsigned short classId, unsigned short attributeMask, unsigned char* size);
+
+private:
+    OmciMeManager() = default;
+};
+
+#endif

@@ -1,0 +1,176 @@
+#ifndef ONT_OMCI_MANAGED_ENTITY_OMCI_HARDWARE_IFC_H
+#define ONT_OMCI_MANAGED_ENTITY_OMCI_HARDWARE_IFC_H
+
+#include <ctime>
+#include <string>
+#include <vector>
+
+#include "StatusRecords.h"
+#include "attributeDefinition.h"
+
+class OmciMessage;
+class OmciMeExtendedVlanTaggingOperationConfigurationDataIf;
+class OmciMeGemInterworkingTpIf;
+class OmciMeMacBridgePortConfigurationDataIf;
+class OmciMeMapperServiceProfile802_1PIf;
+class OmciMeMulticastGemInterworkingTpIf;
+class OmciMePptpEthernetUniIf;
+class OmciMeSipAgentConfigDataIf;
+class OmciMeSipUserDataIf;
+class OmciMeTContIf;
+class OmciMeVirtualEthernetInterfacePointIf;
+class OmciMeVoipMediaProfileIf;
+class OmciMeVoipVoiceCTPIf;
+
+/// The one boundary through which the library drives the ONU's data path, voice stack, optical front end and counters.
+///
+/// The hardware layer derives from it and hands one object to OmciManagedEntityRegistrar::setOmciHardwareIfc; the
+/// library never deletes it. The order of the virtual operations is the binary contract.
+///
+/// - provision, remove, set, apply: the library pushes a change. It hands over an entity or its instance number; the
+///   hardware layer reads what else it needs through the getters and stores (action OMCI_ACTION_GET). Entity pointers
+///   are good as long as the instance exists. Such work may be queued: the result is ignored and a Set never waits for
+///   it.
+/// - refresh: the library is about to read stored values. The hardware layer answers before the call returns, through
+/// the
+///   matching update entry of OmciManagedEntitiesCore. The result is ignored; without an answer the last value is read.
+/// - get, find, resolve, endSoftwareImageDownload: the result itself is used; the call must answer at once.
+///
+/// Calls come on the thread that called the library, normally the OMCI thread, with no lock of the library's held
+/// except inside a MIB reset of the ONU's own and the swap of the IP host instances.
+class OmciHardwareIfc
+{
+public:
+    virtual ~OmciHardwareIfc() = default;
+
+    /// The MIB was reset: forget all provisioning.
+    virtual int resetDataPathConfiguration() = 0;
+    virtual int clearEthernetFrameExtendedPmCounters(unsigned short instance, unsigned int statsAction) = 0;
+    virtual int reserved05() = 0;
+    /// Keyed by GEM port id, not by instance. `classId` is 341 or 267. `statsAction`: 2 for a Get, 1 for get current
+    /// data, 0 none.
+    virtual int refreshGemPortCounters(unsigned short classId, unsigned short portId, unsigned int statsAction) = 0;
+    virtual int resetFecCounters(unsigned short classId, unsigned int mode) = 0;
+    virtual int refreshFecCounters(unsigned short instance, unsigned int statsAction) = 0;
+    /// `kind`: 1 a PPTP Ethernet UNI, 4 an IP host, 5 a VLAN tagging filter. `*port` is null on entry and stays null
+    /// when there is no such bridge port.
+    virtual int findMacBridgePortByTp(unsigned char kind, unsigned short instance,
+                                      OmciMeMacBridgePortConfigurationDataIf** port) = 0;
+    virtual int reserved10() = 0;
+    /// Answered through updateAniGOpticalSignalLevel.
+    virtual int refreshAniOpticalSignalLevel(unsigned short instance) = 0;
+    /// The reply to the last remote debug command, of any length.
+    virtual std::vector<unsigned char> getRemoteDebugReply() = 0;
+    /// Answered through updateAniGTransmitOpticalLevel.
+    virtual int refreshAniTransmitOpticalLevel(unsigned short instance) = 0;
+    /// Answered through updateTwdmChannel.
+    virtual int refreshTwdmChannel(EnumOmciAction action, unsigned short instance) = 0;
+    virtual int reserved15() = 0;
+    virtual int refreshTwdmOmciPm(EnumOmciAction action, unsigned short instance) = 0;
+    virtual int refreshTwdmPhyLodsPm(EnumOmciAction action, unsigned short instance) = 0;
+    virtual int refreshGalEthernetPm(EnumOmciAction action, unsigned short instance) = 0;
+    virtual int refreshTwdmPloamPm(EnumOmciAction action, unsigned short instance) = 0;
+    virtual int refreshTwdmTuningPm(EnumOmciAction action, unsigned short instance) = 0;
+    virtual int refreshTwdmXgemPm(EnumOmciAction action, unsigned short instance) = 0;
+    /// `buffer` is 512 zeroed bytes; the text of 256 bytes starts at byte 18.
+    virtual int getStatusPortalMessage(EnumOmciAction action, unsigned short instance, unsigned char* buffer) = 0;
+    /// `classId` is 24, 321, 322, 334 or 425. Answered through updateEthernetFrameExtendedPM.
+    virtual int refreshEthernetFrameCounters(unsigned short classId, unsigned short instance, unsigned int statsAction,
+                                             unsigned short parentClass, unsigned short parentInstance) = 0;
+    /// Answered through updateVeipExtendedPM.
+    virtual int refreshEthernetFrameCounters64(unsigned short classId, unsigned short instance,
+                                               unsigned int statsAction, unsigned short parentClass,
+                                               unsigned short parentInstance) = 0;
+    /// Answered through updateVoipLineStatus.
+    virtual int refreshVoipLineStatus(EnumOmciAction action, unsigned short instance) = 0;
+    /// Whether the received image fits this hardware. The storage stays the library's.
+    virtual bool endSoftwareImageDownload(unsigned char* imageStorage) = 0;
+    virtual int removeUniService(OmciMePptpEthernetUniIf* uni) = 0;
+    virtual int reserved28() = 0;
+    virtual int removeGemInterworkingTp(OmciMeGemInterworkingTpIf* interworkingTp) = 0;
+    virtual int removeMulticastGemInterworkingTp(OmciMeMulticastGemInterworkingTpIf* interworkingTp) = 0;
+    virtual int removeTCont(OmciMeTContIf* tCont) = 0;
+    /// `instance` of a bridge port, or of a mapper.
+    virtual int removeBridgePortService(unsigned short instance) = 0;
+    virtual int removeMapperInterworkingTps(OmciMeMapperServiceProfile802_1PIf* mapper,
+                                            unsigned short defaultTpPointer) = 0;
+    virtual int removeVeip(OmciMeVirtualEthernetInterfacePointIf* veip) = 0;
+    virtual int removeVoipMediaProfile(OmciMeVoipMediaProfileIf* profile) = 0;
+    virtual int removeSipUser(OmciMeSipUserDataIf* user) = 0;
+    virtual int removeSipAgent(OmciMeSipAgentConfigDataIf* agent) = 0;
+    virtual int provisionGemInterworkingTp(OmciMeGemInterworkingTpIf* interworkingTp) = 0;
+    virtual int provisionMulticastGemInterworkingTp(OmciMeMulticastGemInterworkingTpIf* interworkingTp) = 0;
+    virtual int provisionBridgePort(OmciMeMacBridgePortConfigurationDataIf* port) = 0;
+    /// The pointers in force before this change can be read by getOldInterworkingTpForPbit during the call.
+    virtual int provisionMapper(OmciMeMapperServiceProfile802_1PIf* mapper) = 0;
+    virtual int provisionVeip(OmciMeVirtualEthernetInterfacePointIf* veip) = 0;
+    virtual int provisionUniService(OmciMePptpEthernetUniIf* uni) = 0;
+    virtual int reserved44() = 0;
+    virtual int provisionVoipVoiceCtp(OmciMeVoipVoiceCTPIf* voiceCtp) = 0;
+    virtual int provisionSipAgent(OmciMeSipAgentConfigDataIf* agent) = 0;
+    /// `message` is the library's and goes after the call.
+    virtual int sendAttributeValueChange(OmciMessage* message) = 0;
+    /// VLANs: 0xFFFF for none. The result is what sendEvcAndEvcMapToTmb gives back; `request` is passed through from
+    /// there.
+    virtual unsigned int provisionEvcAndEvcMap(const std::string& evcName, unsigned short evcVlan,
+                                               const std::string& evcMapName, unsigned short matchVlan,
+                                               unsigned char priority, bool noTagRemoved, bool request) = 0;
+    virtual int setBatteryBackup(unsigned char value) = 0;
+    virtual int reserved50() = 0;
+    virtual int setUniAutodetection(unsigned short instance, unsigned char value) = 0;
+    /// `instance` of the interworking TP; `state` 0 unlocked, 1 locked.
+    virtual int setGemPortAdminState(unsigned short instance, unsigned short portId, unsigned char state) = 0;
+    /// `state` 0 unlocked, 1 locked.
+    virtual int setUniAdminState(unsigned short instance, unsigned char state) = 0;
+    /// 0 enabled, 1 disabled; goes to the OLT as it stands.
+    virtual unsigned char getUniOperationalState(EnumOmciAction action, unsigned short instance) = 0;
+    /// Mbit/s.
+    virtual unsigned int getUniLinkSpeed(EnumOmciAction action, unsigned short instance) = 0;
+    /// 0 half duplex, 1 full duplex.
+    virtual unsigned char getUniDuplex(EnumOmciAction action, unsigned short instance) = 0;
+    /// `state` 0 on, 1 off.
+    virtual int setVideoAdminState(unsigned short instance, unsigned char state) = 0;
+    /// `word` holds administrative state, impedance, transmission path and receive gain, in memory order.
+    virtual int applyPotsUni(unsigned short instance, unsigned int word, unsigned char txGain) = 0;
+    virtual int reserved59() = 0;
+    /// Answered through updatePptpPotsUniCallAttributes.
+    virtual int refreshPotsUni(EnumOmciAction action, unsigned short instance) = 0;
+    virtual int createPmInstance(unsigned short classId, unsigned short instance) = 0;
+    virtual int deletePmInstance(unsigned short classId, unsigned short instance) = 0;
+    /// `command` is as long as the Command attribute of ONU remote debug (class 158).
+    virtual int sendRemoteDebugCommand(const unsigned char* command) = 0;
+    virtual int applyTwdmSystemProfile(TwdmSystemProfile profile) = 0;
+    virtual int setTwdmChannelPartitionIndex(unsigned short instance, unsigned char value) = 0;
+    virtual int setTwdmChannelPartitionWaiverTimer(unsigned short instance, unsigned int value) = 0;
+    virtual int setTwdmDownstreamTuningTimer(unsigned short instance, unsigned int value) = 0;
+    virtual int setTwdmLodsProtectionTimer(unsigned short instance, unsigned int value) = 0;
+    virtual int setTwdmLodsReinitializationTimer(unsigned short instance, unsigned int value) = 0;
+    virtual int setTwdmUpstreamTuningTimer(unsigned short instance, unsigned int value) = 0;
+    /// Packed values of VoIP config data (class 138), in memory order.
+    virtual int applyVoipConfig(unsigned short instance, unsigned int word1, unsigned int word2) = 0;
+    virtual int reserved72() = 0;
+    virtual int synchronizeTime() = 0;
+    /// Starts a self-test; its outcome goes to the OLT as a test result with this transaction id.
+    virtual int testAni(unsigned short transactionId) = 0;
+    virtual int testOnu(unsigned short transactionId) = 0;
+    virtual int reserved76() = 0;
+    virtual int reserved77() = 0;
+    virtual int reserved78() = 0;
+    virtual int reserved79() = 0;
+    /// 3 a MIB upload was accepted, 4 its last frame was asked for.
+    virtual int notifyMibUploadState(unsigned char state) = 0;
+    /// 0 committed, 1 failed, 2 transfer begun, 3 transfer ended well.
+    virtual int notifySoftwareDownloadStatus(unsigned char status) = 0;
+    /// The logical port number, 0 to 4; above 4 is failure. `*bridgeServiceProfile` takes the MAC bridge service
+    /// profile.
+    virtual unsigned char resolveDot1agLayer2Entity(unsigned short layer2EntityPointer, unsigned char layer2Type,
+                                                    unsigned short* bridgeServiceProfile) = 0;
+    /// The three fields of the OLT's time of day information, each in the byte order of the wire.
+    virtual int setOltTimeOfDay(unsigned int superFrameCounter, unsigned long long seconds,
+                                unsigned int nanoseconds) = 0;
+    /// OLT-G has stored a new vendor id.
+    virtual int notifyOltVendorId() = 0;
+    virtual int setOntTimeOfDay(const time_t* time) = 0;
+};
+
+#endif
