@@ -45,7 +45,7 @@ def _is_well_formed(row, number: int, place: Place) -> bool:
     good = isinstance(row, list) and len(row) in (4, 5)
     good = good and all(type(item) is kind for item, kind in zip(row, expected))
     if not good:
-        place.object_to(f"attribute {number}: expected [name, kind, bytes, access] or the same with a default, got {row}")
+        place.object_to(f"attribute {number}: expected [name, kind, bytes, access(, default)], got {row}")
         return False
     if not NAME_PATTERN.fullmatch(row[0]):
         place.object_to(f"attribute {number}: name '{row[0]}' does not match {NAME_PATTERN.pattern}")

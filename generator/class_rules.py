@@ -99,12 +99,11 @@ def _read_attributes(rows: list, marks: dict, place: Place) -> tuple[Attribute, 
     attributes = [read_attribute(row, number, marks, place) for number, row in enumerate(rows, 1)]
     if None in attributes:
         return None
-    seen = set()
-    for attribute in attributes:
-        if attribute.name in seen:
-            place.of_attribute(attribute.name).object_to("the class has two attributes of this name")
-        seen.add(attribute.name)
-    return tuple(attributes)
+    names = [attribute.name for attribute in attributes]
+    doubled = sorted({name for name in names if names.count(name) > 1})
+    for name in doubled:
+        place.of_attribute(name).object_to("the class has two attributes of this name")
+    return None if doubled else tuple(attributes)
 
 
 def _masks_of(table: dict, attributes: tuple[Attribute, ...], place: Place) -> dict[str, int]:

@@ -48,7 +48,8 @@ def read_startup(table: dict, classes: dict[str, ManagedEntity | None], place: P
     for key in table:
         if key not in ("rows", "values"):
             place.object_to(f"unknown key '{key}'")
-    if not isinstance(rows, list) or not isinstance(values, dict) or not all(isinstance(v, dict) for v in values.values()):
+    sound = isinstance(rows, list) and isinstance(values, dict)
+    if not sound or not all(isinstance(of_class, dict) for of_class in values.values()):
         place.object_to("expected an array 'rows' and one table of values per class")
         return ()
     built, seen = [], set()
@@ -134,4 +135,6 @@ def _value_problem(kind: int, text: str, attribute: Attribute) -> str | None:
         return f"text of {len(text)} bytes is longer than {attribute.size}" if len(text) > attribute.size else None
     # A short row of a table is filled with zeros; anything else must have the attribute's own width.
     fits = KIND_BYTES[kind] <= attribute.size if attribute.is_table else KIND_BYTES[kind] == attribute.size
-    return None if fits else f"value kind {kind} ({KIND_BYTES[kind]} bytes) does not fit {attribute.size} bytes"
+    if fits:
+        return None
+    return f"value kind {kind} is {8 * KIND_BYTES[kind]} bits wide, the attribute has {8 * attribute.size}"
