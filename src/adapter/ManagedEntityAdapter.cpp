@@ -1,0 +1,292 @@
+#include "adapter/ManagedEntityAdapter.h"
+
+#include "OmciMeFactory.h"
+
+using nrvk::AdapterDescription;
+using nrvk::LogName;
+
+// Log lines carry the file of the class's own adapter.
+#define LOG(level, ...) NRVK_LOG_FOR_CLASS(description(), level, __VA_ARGS__)
+
+ManagedEntityAdapter::ManagedEntityAdapter(const AdapterDescription& description)
+{
+    OmciMeFactory::getInstance()->registerManagedEntity(description.entity.classId, this);
+    NRVK_LOG_FOR_CLASS(description, 6, "this(%p)", this);
+}
+
+ManagedEntityAdapter::~ManagedEntityAdapter()
+{
+    NRVK_LOG(6, "this(%p)", this);
+}
+
+int ManagedEntityAdapter::createManagedEntityInstance(unsigned short instance, bool createdByOlt) const
+{
+    if (!description().creatableByOlt) {
+        LOG(3, "Instances of this managed entity can be created only by ONT");
+        return -1;
+    }
+    LOG(6, "Instance(%hu), createdByOLt(%hhu)", instance, createdByOlt);
+    if (description().store.createManagedEntityInstance(instance, createdByOlt) == nullptr) {
+        LOG(3, "Failed to create instance(%hu)", instance);
+        return -1;
+    }
+    return 0;
+}
+
+int ManagedEntityAdapter::deleteManagedEntityInstance(unsigned short instance, bool /*createdByOlt*/) const
+{
+    if (!description().creatableByOlt) {
+        LOG(3, "Instances of this managed entity can be deleted only by ONT");
+        return -1;
+    }
+    LOG(6, "Instance(%hu)", instance);
+    if (!description().store.deleteManagedEntityInstance(instance, true)) {
+        LOG(3, "Failed to delete instance(%hu)", instance);
+        return -1;
+    }
+    return 0;
+}
+
+std::string ManagedEntityAdapter::dumpME(unsigned int instance, unsigned short attributeMask) const
+{
+    LOG(6, "Instance(%hu); Attribute mask(0x%X)", instance, attributeMask);
+    return description().store.dumpAllME(instance, attributeMask);
+}
+
+void ManagedEntityAdapter::eraseAllManagedEntityInstances() const
+{
+    description().store.eraseAllManagedEntityInstance();
+}
+
+int ManagedEntityAdapter::findManagedEntityInstance(unsigned short instance) const
+{
+    LOG(6, "Instance(%hu)", instance);
+    if (description().store.getManagedEntityInstance(instance) == nullptr) {
+        LOG(3, "Instance(%hu) not found", instance);
+        return -1;
+    }
+    return 0;
+}
+
+bool ManagedEntityAdapter::getAlarmsBitmap(unsigned short instance, std::bitset<223>& bitmap) const
+{
+    LOG(6, "Instance(%hu)", instance);
+    const void* object = description().store.getManagedEntityInstance(instance);
+    if (object == nullptr) {
+        LOG(3, "Instance(%hu) not found", instance);
+        return false;
+    }
+    description().object.getAlarmsBitmap(object, bitmap);
+    LOG(6, "Number of active alarms(%hhu)", static_cast<unsigned char>(bitmap.count()));
+    return true;
+}
+
+int ManagedEntityAdapter::updateAlarmsBitmap(unsigned short instance, unsigned char alarmNumber, bool state) const
+{
+    LOG(6, "Instance(%hu); Alarm(%hhu; %hhu)", instance, alarmNumber, state);
+    void* object = description().store.getManagedEntityInstance(instance);
+    if (object == nullptr) {
+        LOG(3, "Instance(%d) not found", instance);
+        return -1;
+    }
+    description().object.updateAlarmsBitmap(object, alarmNumber, state);
+    return 0;
+}
+
+int ManagedEntityAdapter::attributeOfMask(const AdapterDescription& description, unsigned short attributeMask)
+{
+    const bool singleBit = attributeMask != 0 && (attributeMask & (attributeMask - 1)) == 0;
+    if (!singleBit) {
+        return -1;
+    }
+    const int attribute = 15 - __builtin_ctz(attributeMask);
+    return attribute < description.definitionCount ? attribute : -1;
+}
+
+int ManagedEntityAdapter::setAttribute(unsigned short instance, const attributeDefinition* definition,
+                                       const unsigned char* buffer) const
+{
+    const AdapterDescription& entity = description();
+    NRVK_LOG_FOR_CLASS(entity, 6, "Instance(%hu); Attribute definition(%p); Buffer(%p)", instance, definition, buffer);
+    if (definition == nullptr || buffer == nullptr) {
+        NRVK_LOG_FOR_CLASS(entity, 3, "NULL 'attributeDefinition(%p)' or 'buffer(%p)' pointer", definition, buffer);
+        return -1;
+    }
+    void* object = entity.store.getManagedEntityInstance(instance);
+    if (object == nullptr) {
+        NRVK_LOG_FOR_CLASS(entity, 3, "Instance(%hu) not found", instance);
+        return -1;
+    }
+    const int attribute = attributeOfMask(entity, definition->attributeMask);
+    if (attribute < 0) {
+        NRVK_LOG_FOR_CLASS(entity, 3, "Attribute mask(0x%X) not supported", definition->attributeMask);
+        return -1;
+    }
+    return entity.access[attribute].set(object, buffer);
+}
+
+int ManagedEntityAdapter::getAttribute(unsigned short instance, const attributeDefinition* definition,
+                                       unsigned char* buffer, EnumOmciAction action) const
+{
+    const AdapterDescription& entity = description();
+    NRVK_LOG_FOR_CLASS(entity, 6, "Instance(%hu); Attribute(%p); Buffer(%p); Action(%d)", instance, definition, buffer,
+                       action);
+    if (definition == nullptr || buffer == nullptr) {
+        NRVK_LOG_FOR_CLASS(entity, 3, "NULL 'attributeDefinition(%p)' or 'buffer(%p)' pointer", definition, buffer);
+        return -1;
+    }
+    const void* object = entity.store.getManagedEntityInstance(instance);
+    if (object == nullptr) {
+        NRVK_LOG_FOR_CLASS(entity, 3, "Instance(%hu) not found", instance);
+        return -1;
+    }
+    const int attribute = attributeOfMask(entity, definition->attributeMask);
+    if (attribute < 0) {
+        NRVK_LOG_FOR_CLASS(entity, 3, "Attribute mask(0x%X) not supported", definition->attributeMask);
+        return 0;  // unlike a Set: the OLT's Get of an attribute that the class lacks succeeds with nothing written
+    }
+    entity.access[attribute].get(object, buffer, action);
+    return 0;
+}
+
+int ManagedEntityAdapter::copyAttributes(std::list<attributeDefinition>* list, EnumAttributeFlag flag,
+                                         const LogName& function) const
+{
+    const AdapterDescription& entity = description();
+    if (list == nullptr) {
+        nrvk::logForClass(function, entity.file, entity.line, 3, "NULL AttributeDefinition list pointer");
+        return -1;
+    }
+    list->clear();
+    for (unsigned int i = 0; i < entity.definitionCount; ++i) {
+        const attributeDefinition& definition = entity.entity.attributes[i].definition;
+        if ((definition.attributeFlags & flag) != 0) {
+            list->push_back(definition);
+        }
+    }
+    nrvk::logForClass(function, entity.file, entity.line, 6, "Number of attributes(%u)",
+                      static_cast<unsigned int>(list->size()));
+    return 0;
+}
+
+int ManagedEntityAdapter::getAttributesListForAvc(std::list<attributeDefinition>* list) const
+{
+    static const LogName function(__func__);
+    return copyAttributes(list, ATTRIBUTE_FLAG_AVC, function);
+}
+
+int ManagedEntityAdapter::getAttributesListForCreate(std::list<attributeDefinition>* list) const
+{
+    static const LogName function(__func__);
+    if (description().createMask == 0) {
+        return 0;  // with nothing set by create the list is left untouched
+    }
+    return copyAttributes(list, ATTRIBUTE_FLAG_SET_BY_CREATE, function);
+}
+
+int ManagedEntityAdapter::getAttributesListForGet(std::list<attributeDefinition>* list) const
+{
+    static const LogName function(__func__);
+    return copyAttributes(list, ATTRIBUTE_FLAG_READ, function);
+}
+
+int ManagedEntityAdapter::getAttributesListForGetNext(std::list<attributeDefinition>* list) const
+{
+    static const LogName function(__func__);
+    return copyAttributes(list, ATTRIBUTE_FLAG_GET_NEXT, function);
+}
+
+int ManagedEntityAdapter::getAttributesListForMibUpload(std::list<attributeDefinition>* list) const
+{
+    static const LogName function(__func__);
+    return copyAttributes(list, ATTRIBUTE_FLAG_MIB_UPLOAD, function);
+}
+
+int ManagedEntityAdapter::getAttributesListForSet(std::list<attributeDefinition>* list) const
+{
+    static const LogName function(__func__);
+    return copyAttributes(list, ATTRIBUTE_FLAG_WRITE, function);
+}
+
+unsigned short ManagedEntityAdapter::getCreateAttributesMask() const
+{
+    return description().createMask;
+}
+
+unsigned short ManagedEntityAdapter::getGetAttributesMask() const
+{
+    return description().getMask;
+}
+
+unsigned short ManagedEntityAdapter::getGetNextAttributesMask() const
+{
+    return description().getNextMask;
+}
+
+unsigned short ManagedEntityAdapter::getSetAttributesMask() const
+{
+    return description().setMask;
+}
+
+int ManagedEntityAdapter::getFirstManagedEntityInstance(unsigned short* instance) const
+{
+    if (instance == nullptr) {
+        LOG(3, "NULL pointer");
+        return -1;
+    }
+    if (!description().store.firstId(*instance)) {
+        LOG(6, "Empty list");
+        return -1;
+    }
+    LOG(6, "Return instance(%hu)", *instance);
+    return 0;
+}
+
+int ManagedEntityAdapter::getNextManagedEntityInstance(unsigned short* instance) const
+{
+    if (instance == nullptr) {
+        LOG(3, "NULL pointer");
+        return -1;
+    }
+    if (!description().store.nextId(*instance)) {
+        LOG(6, "Reached end of list");
+        return -1;
+    }
+    LOG(6, "Return instance(%hu)", *instance);
+    return 0;
+}
+
+unsigned short ManagedEntityAdapter::getManagedEntityClassId() const
+{
+    return description().entity.classId;
+}
+
+std::string ManagedEntityAdapter::getManagedEntityName() const
+{
+    return description().name;
+}
+
+bool ManagedEntityAdapter::isPartOfAlarmsUpload() const
+{
+    const bool partOfUpload = description().partOfAlarmsUpload;
+    LOG(6, partOfUpload ? "Alarms upload(true)" : "Alarms upload(false)");
+    return partOfUpload;
+}
+
+bool ManagedEntityAdapter::isPartOfMibUpload() const
+{
+    const bool partOfUpload = description().partOfMibUpload;
+    LOG(6, partOfUpload ? "MIB upload(true)" : "MIB upload(false)");
+    return partOfUpload;
+}
+
+int ManagedEntityAdapter::applyConfigurationToHardwareForSet(unsigned short instance) const
+{
+    const AdapterDescription& entity = description();
+    NRVK_LOG_FOR_CLASS(entity, 6, "Instance(%hu);", instance);
+    if (entity.object.applyConfigurationToHardwareForSet == nullptr) {
+        return 0;
+    }
+    void* object = entity.store.getManagedEntityInstance(instance);
+    return object != nullptr ? entity.object.applyConfigurationToHardwareForSet(object) : -1;
+}

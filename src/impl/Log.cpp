@@ -1,0 +1,24 @@
+#include "impl/Log.h"
+
+#include <mutex>
+#include <set>
+
+namespace nrvk {
+
+const std::string& internLogName(const std::string& name)
+{
+    // Never destroyed: log calls may come from timer and writer threads while the process ends.
+    static auto& names = *new std::set<std::string>;
+    static auto& mutex = *new std::mutex;
+    const std::lock_guard<std::mutex> lock(mutex);
+    return *names.insert(name).first;
+}
+
+const std::string& LogName::make() const
+{
+    const std::string& name = internLogName(m_Text);
+    m_Name.store(&name, std::memory_order_release);
+    return name;
+}
+
+}  // namespace nrvk

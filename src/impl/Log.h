@@ -1,0 +1,87 @@
+#ifndef NRVK_IMPL_LOG_H
+#define NRVK_IMPL_LOG_H
+
+#include <atomic>
+#include <string>
+#include <type_traits>
+
+#include "Logger.h"
+
+namespace nrvk {
+
+constexpr int kLoggerId = 150;
+
+/// A name that the host's logger takes as std::string. The string is made for the first line and kept, so that a warm
+/// log call allocates nothing.
+class LogName
+{
+public:
+    constexpr explicit LogName(const char* text) : m_Text(text) {}
+
+    const std::string& get() const
+    {
+        const std::string* name = m_Name.load(std::memory_order_acquire);
+        return name != nullptr ? *name : make();
+    }
+
+private:
+    const std::string& make() const;
+
+    const char* m_Text;
+    mutable std::atomic<const std::string*> m_Name{nullptr};
+};
+
+/// The one copy of a name that all its users share; never freed.
+const std::string& internLogName(const std::string& name);
+
+/// A place in the code that logs.
+struct LogSite
+{
+    LogName function;
+    LogName file;
+    unsigned int line;
+    unsigned char level;
+};
+
+/// The types in which arguments reach printf, so that call sites share one instance of logAt.
+template <typename T>
+auto logArgument(T value)
+{
+    if constexpr (std::is_enum_v<T> || (std::is_integral_v<T> && sizeof(T) < sizeof(int))) {
+        return static_cast<int>(value);
+    } else if constexpr (std::is_integral_v<T>) {
+        return static_cast<std::make_unsigned_t<T>>(value);
+    } else if constexpr (std::is_same_v<T, char*> || std::is_same_v<T, const char*>) {
+        return static_cast<const char*>(value);
+    } else {
+        static_assert(std::is_pointer_v<T>);
+        return static_cast<const void*>(value);
+    }
+}
+
+/// Out of line on purpose: a call site then costs a few instructions.
+template <typename... Arguments>
+[[gnu::noinline]] void logAt(const LogSite& site, const char* format, Arguments... arguments)
+{
+    Logger::getInstance(kLoggerId)->writeToLog(0, site.function.get(), site.file.get(), site.line, site.level, format,
+                                               arguments...);
+}
+
+template <typename... Arguments>
+inline void logLine(const LogSite& site, const char* format, Arguments... arguments)
+{
+    logAt(site, format, logArgument(arguments)...);
+}
+
+}  // namespace nrvk
+
+/// NRVK_LOG(level, format, arguments...): one line through the host's logger, with the function, file and line it
+/// stands in.
+#define NRVK_LOG(level, ...)                                                                                           \
+    do {                                                                                                               \
+        static const ::nrvk::LogSite nrvkLogSite{::nrvk::LogName(__func__), ::nrvk::LogName(__FILE__), __LINE__,       \
+                                                 level};                                                               \
+        ::nrvk::logLine(nrvkLogSite, __VA_ARGS__);                                                                     \
+    } while (false)
+
+#endif

@@ -1,0 +1,75 @@
+#ifndef NRVK_IMPL_MANAGED_ENTITY_DESCRIPTION_H
+#define NRVK_IMPL_MANAGED_ENTITY_DESCRIPTION_H
+
+#include <atomic>
+#include <string>
+
+#include "attributeDefinition.h"
+#include "impl/Log.h"
+
+namespace nrvk {
+
+/// One attribute of a class, as its triple of operations names it.
+struct AttributeDescription
+{
+    const char* name;  ///< "SrIndication", of getSrIndication
+    attributeDefinition definition;
+};
+
+/// What the shared code needs to know of a class: constant data, and the log names made from it so far.
+struct ManagedEntityDescription
+{
+    unsigned short classId;
+    const char* shortName;  ///< "AniG", of OmciMeAniGImpl
+    const AttributeDescription* attributes;
+    unsigned char attributeCount;
+    /// The source file of the class and the line of this description, for log lines of shared code.
+    LogName file;
+    unsigned int line;
+    /// One name per attribute and operation, null until its first log line.
+    std::atomic<const std::string*>* functionNames;
+};
+
+/// Get, get default and set.
+constexpr unsigned int kAttributeOperations = 3;
+
+/// The level 6 entry line of an attribute's operation, with the value where there is one to show. Each yields what the
+/// operation itself does (the value, or 0 for a set), so that a plain operation is nothing but a jump to here.
+unsigned long long logGet(const ManagedEntityDescription& description, unsigned int attribute, unsigned int line,
+                          unsigned short instance, unsigned long long value);
+unsigned long long logGetDefault(const ManagedEntityDescription& description, unsigned int attribute, unsigned int line,
+                                 unsigned short instance, unsigned long long value);
+int logSet(const ManagedEntityDescription& description, unsigned int attribute, unsigned int line,
+           unsigned short instance, unsigned long long value);
+const unsigned char* logGet(const ManagedEntityDescription& description, unsigned int attribute, unsigned int line,
+                            unsigned short instance, const unsigned char* octets);
+const unsigned char* logGetDefault(const ManagedEntityDescription& description, unsigned int attribute,
+                                   unsigned int line, unsigned short instance, const unsigned char* octets);
+int logSet(const ManagedEntityDescription& description, unsigned int attribute, unsigned int line,
+           unsigned short instance);
+
+/// A line of shared code in the name of the class: the class's file, the shared function's name.
+template <typename... Arguments>
+[[gnu::noinline]] void logForClassAt(const LogName& function, const LogName& file, unsigned int line,
+                                     unsigned char level, const char* format, Arguments... arguments)
+{
+    Logger::getInstance(kLoggerId)->writeToLog(0, function.get(), file.get(), line, level, format, arguments...);
+}
+
+template <typename... Arguments>
+inline void logForClass(const LogName& function, const LogName& file, unsigned int line, unsigned char level,
+                        const char* format, Arguments... arguments)
+{
+    logForClassAt(function, file, line, level, format, logArgument(arguments)...);
+}
+
+}  // namespace nrvk
+
+/// NRVK_LOG_FOR_CLASS(description, level, format, arguments...): as NRVK_LOG, with the class's own file and line.
+#define NRVK_LOG_FOR_CLASS(description, level, ...)                                                                    \
+    do {                                                                                                               \
+        static const ::nrvk::LogName nrvkFunction(__func__);                                                           \
+        ::nrvk::logForClass(nrvkFunction, (description).file, (description).line, level, __VA_ARGS__);                 \
+    } while (false)
+
+#endif
