@@ -20,9 +20,17 @@ if(NRVK_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${NRVK_CCACHE}")
 endif()
 
+file(RELATIVE_PATH NRVK_SOURCE_FROM_BUILD "${CMAKE_BINARY_DIR}" "${CMAKE_SOURCE_DIR}")
+string(REGEX REPLACE "/$" "" NRVK_SOURCE_FROM_BUILD "${NRVK_SOURCE_FROM_BUILD}")
+
 # What every target of the project is compiled with. The file names in log lines are those of the source tree.
 add_library(nrvk_build INTERFACE)
 target_compile_options(nrvk_build INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
-  "-ffile-prefix-map=${CMAKE_BINARY_DIR}/generated/="
-  "-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=")
+  -Wall -Wextra -Wpedantic -Wshadow -Werror
+  # Values in tests are literals: what narrows there is meant.
+  $<$<NOT:$<BOOL:$<TARGET_PROPERTY:NRVK_TEST>>>:-Wconversion>
+  # The last that fits is taken; ccache may have made the paths relative to the build directory.
+  "-ffile-prefix-map=${NRVK_SOURCE_FROM_BUILD}/="
+  "-ffile-prefix-map=${CMAKE_SOURCE_DIR}/="
+  "-ffile-prefix-map=generated/="
+  "-ffile-prefix-map=${CMAKE_BINARY_DIR}/generated/=")

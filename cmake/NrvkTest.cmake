@@ -1,0 +1,9 @@
+# nrvk_add_library_test(NAME SOURCE...): a test program with the library's objects in it, so that it sees what the shared library does
+# not export, and with the sandbox, so that nothing it does reaches the machine.
+function(nrvk_add_library_test name)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE nrvk_library nrvk_sandbox nrvk_test_support GTest::gmock_main)
+  set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE OFF NRVK_TEST ON)
+  target_precompile_headers(${name} REUSE_FROM nrvk_test_support)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+endfunction()

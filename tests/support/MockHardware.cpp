@@ -1,0 +1,4 @@
+#include "MockHardware.h"
+
+MockHardware::MockHardware() = default;
+MockHardware::~MockHardware() = default;
