@@ -1,0 +1,304 @@
+#ifndef HOST_MESSAGE_LAYOUT_H
+#define HOST_MESSAGE_LAYOUT_H
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+#include "FrameCodec.h"
+
+/// The contents of each message, as G.988 11.2 and annex A lay them out, for both ends. Each `parse...` yields nothing
+/// when the contents are too short; octets behind the last field are left to the caller. Each `write` fills `contents`,
+/// which holds kMaximumContentLength octets, and yields the length of the contents without baseline padding, or 0 when
+/// they do not fit the format. Views point into the frame's octets.
+namespace omci {
+
+/// Octets that belong to somebody else.
+struct Octets
+{
+    const std::uint8_t* data = nullptr;
+    std::size_t size = 0;
+};
+
+/// @name Room in a baseline frame
+/// @{
+constexpr std::size_t kBaselineGetRoom = 25;      ///< values of a get response
+constexpr std::size_t kBaselineSetRoom = 30;      ///< values of a set request
+constexpr std::size_t kBaselineGetNextRoom = 29;  ///< data of a get next response
+constexpr std::size_t kBaselineUploadRoom = 26;   ///< values in a MIB upload next response
+constexpr std::size_t kBaselineSectionRoom = 31;  ///< data of a download section
+/// @}
+constexpr std::size_t kExtendedGetRoom = kMaximumContentLength - 7;
+constexpr std::size_t kExtendedSectionRoom = kMaximumContentLength - 1;
+constexpr std::size_t kAlarmBitmapLength = 28;
+
+/// Contents that are one mask: get, get current data.
+struct MaskRequest
+{
+    std::uint16_t mask = 0;
+
+    std::size_t write(std::uint8_t* contents) const;
+};
+std::optional<MaskRequest> parseMaskRequest(const FrameView& frame);
+
+/// Set and set table. The values follow each other in attribute order.
+struct SetRequest
+{
+    std::uint16_t mask = 0;
+    Octets values;
+
+    std::size_t write(Format format, std::uint8_t* contents) const;
+};
+std::optional<SetRequest> parseSetRequest(const FrameView& frame);
+
+struct GetNextRequest
+{
+    std::uint16_t mask = 0;
+    std::uint16_t sequence = 0;
+
+    std::size_t write(std::uint8_t* contents) const;
+};
+std::optional<GetNextRequest> parseGetNextRequest(const FrameView& frame);
+
+/// MIB upload next and get all alarms next.
+struct SequenceRequest
+{
+    std::uint16_t sequence = 0;
+
+    std::size_t write(std::uint8_t* contents) const;
+};
+std::optional<SequenceRequest> parseSequenceRequest(const FrameView& frame);
+
+struct StartDownloadRequest
+{
+    std::uint8_t windowSizeMinusOne = 0;
+    std::uint32_t imageSize = 0;  ///< octets
+    Octets instances;             ///< two octets per circuit pack
+
+    std::size_t write(Format format, std::uint8_t* contents) const;
+};
+std::optional<StartDownloadRequest> parseStartDownloadRequest(const FrameView& frame);
+
+struct SectionRequest
+{
+    std::uint8_t section = 0;
+    Octets data;
+
+    std::size_t write(Format format, std::uint8_t* contents) const;
+};
+std::optional<SectionRequest> parseSectionRequest(const FrameView& frame);
+
+struct EndDownloadRequest
+{
+    std::uint32_t crc = 0;
+    std::uint32_t imageSize = 0;  ///< octets
+    Octets instances;             ///< two octets per circuit pack
+
+    std::size_t write(Format format, std::uint8_t* contents) const;
+};
+std::optional<EndDownloadRequest> parseEndDownloadRequest(const FrameView& frame);
+
+struct TimeRequest
+{
+    std::uint16_t year = 0;
+    std::uint8_t month = 0;
+    std::uint8_t day = 0;
+    std::uint8_t hour = 0;
+    std::uint8_t minute = 0;
+    std::uint8_t second = 0;
+
+    std::size_t write(std::uint8_t* contents) const;
+};
+std::optional<TimeRequest> parseTimeRequest(const FrameView& frame);
+
+/// Contents that are one octet: reboot and activate flags, test selector, alarm retrieval mode.
+struct OctetRequest
+{
+    std::uint8_t value = 0;
+
+    std::size_t write(std::uint8_t* contents) const;
+};
+/// Contents without an octet read as 0: an OLT may leave a zero mode or flags out of an extended frame.
+OctetRequest parseOctetRequest(const FrameView& frame);
+
+/// A response of which only the result matters. Every response but those of counts and snapshots begins with it.
+struct ResultResponse
+{
+    Result result = Result::Success;
+
+    std::size_t write(std::uint8_t* contents) const;
+};
+std::optional<ResultResponse> parseResultResponse(const FrameView& frame);
+
+struct CreateResponse
+{
+    Result result = Result::Success;
+    std::uint16_t executionMask = 0;  ///< the attributes refused, with a parameter error
+
+    std::size_t write(std::uint8_t* contents) const;
+};
+std::optional<CreateResponse> parseCreateResponse(const FrameView& frame);
+
+/// Set and set table.
+struct SetResponse
+{
+    Result result = Result::Success;
+    std::uint16_t optionalMask = 0;   ///< attributes that the ONU does not have
+    std::uint16_t executionMask = 0;  ///< attributes that the ONU refused
+
+    std::size_t write(Format format, std::uint8_t* contents) const;
+};
+std::optional<SetResponse> parseSetResponse(const FrameView& frame);
+
+/// Get and get current data.
+struct GetResponse
+{
+    Result result = Result::Success;
+    std::uint16_t mask = 0;  ///< the attributes whose values follow
+    std::uint16_t optionalMask = 0;
+    std::uint16_t executionMask = 0;
+    Octets values;
+
+    /// The values' place in the contents, where they may be put before `write`.
+    static std::size_t valuesOffset(Format format) { return format == Format::Baseline ? 3 : 7; }
+    static std::size_t room(Format format) { return format == Format::Baseline ? kBaselineGetRoom : kExtendedGetRoom; }
+    std::size_t write(Format format, std::uint8_t* contents) const;
+};
+std::optional<GetResponse> parseGetResponse(const FrameView& frame);
+
+struct GetNextResponse
+{
+    Result result = Result::Success;
+    std::uint16_t mask = 0;
+    Octets data;
+
+    std::size_t write(Format format, std::uint8_t* contents) const;
+};
+std::optional<GetNextResponse> parseGetNextResponse(const FrameView& frame);
+
+/// MIB upload and get all alarms: there is no result octet.
+struct CountResponse
+{
+    std::uint16_t count = 0;  ///< of "next" commands
+
+    std::size_t write(std::uint8_t* contents) const;
+};
+std::optional<CountResponse> parseCountResponse(const FrameView& frame);
+
+/// One entity's values in a MIB upload next response.
+struct UploadedEntity
+{
+    std::uint16_t entityClass = 0;
+    std::uint16_t entityInstance = 0;
+    std::uint16_t mask = 0;
+    Octets values;  ///< baseline: all 26 octets, whatever the mask
+
+    /// Octets in front of the values.
+    static std::size_t headLength(Format format) { return format == Format::Baseline ? 6 : 8; }
+    /// Writes the head in front of values that stand at `place + headLength(format)`; yields head and values' length.
+    std::size_t writeHead(Format format, std::uint8_t* place) const;
+};
+
+/// Walks the entities of a MIB upload next response, or of its stored contents.
+class UploadedEntities
+{
+public:
+    UploadedEntities(Format format, Octets contents);
+    explicit UploadedEntities(const FrameView& frame);
+
+    /// False at the end, or where the rest is not whole. A frame that is all zero has no entity.
+    bool next(UploadedEntity& entity);
+    /// Whether the walk ended before the contents did.
+    bool isBroken() const { return m_Broken; }
+
+private:
+    bool nextBaseline(UploadedEntity& entity);
+
+    Format m_Format;
+    Octets m_Left;
+    bool m_Broken = false;
+};
+
+/// One entity's alarms in a get all alarms next response. Alarm n is bit 7 - n % 8 of octet n / 8.
+struct AlarmedEntity
+{
+    std::uint16_t entityClass = 0;
+    std::uint16_t entityInstance = 0;
+    std::array<std::uint8_t, kAlarmBitmapLength> bitmap{};
+
+    static constexpr std::size_t kLength = 4 + kAlarmBitmapLength;
+    bool isRaised(unsigned number) const;
+    std::size_t write(std::uint8_t* contents) const;
+};
+
+/// Entity `index` of a get all alarms next response; nothing behind the last one. Baseline has one.
+std::optional<AlarmedEntity> parseAlarmedEntity(const FrameView& frame, std::size_t index);
+
+/// Result of one circuit pack in a start or end download response.
+struct DownloadInstanceResult
+{
+    std::uint16_t instance = 0;
+    Result result = Result::Success;
+};
+
+struct StartDownloadResponse
+{
+    Result result = Result::Success;
+    std::uint8_t windowSizeMinusOne = 0;
+    Octets instances;  ///< three octets each, see instanceResult
+
+    std::size_t write(Format format, std::uint8_t* contents) const;
+};
+std::optional<StartDownloadResponse> parseStartDownloadResponse(const FrameView& frame);
+
+struct SectionResponse
+{
+    Result result = Result::Success;
+    std::uint8_t section = 0;
+
+    std::size_t write(std::uint8_t* contents) const;
+};
+std::optional<SectionResponse> parseSectionResponse(const FrameView& frame);
+
+struct EndDownloadResponse
+{
+    Result result = Result::Success;
+    Octets instances;  ///< three octets each, see instanceResult
+
+    std::size_t write(Format format, std::uint8_t* contents) const;
+};
+std::optional<EndDownloadResponse> parseEndDownloadResponse(const FrameView& frame);
+
+/// Entry `index` of a start or end download response's `instances`, which must hold it.
+DownloadInstanceResult instanceResult(const Octets& instances, std::size_t index);
+
+struct AlarmNotification
+{
+    std::array<std::uint8_t, kAlarmBitmapLength> bitmap{};
+    std::uint8_t sequence = 0;  ///< 1 to 255; 255 is followed by 1
+
+    std::size_t write(Format format, std::uint8_t* contents) const;
+};
+std::optional<AlarmNotification> parseAlarmNotification(const FrameView& frame);
+
+/// Attribute value change: a mask and values, laid out as a set request.
+using AttributeValueChange = SetRequest;
+inline std::optional<AttributeValueChange> parseAttributeValueChange(const FrameView& frame)
+{
+    return parseSetRequest(frame);
+}
+
+/// One measurement of an ANI-G self-test result.
+struct TestMeasurement
+{
+    std::uint8_t type = 0;  ///< 1 voltage 20 mV, 3 and 5 power 0.002 dB, 9 bias 2 uA, 12 temperature 1/256 degree C
+    std::uint16_t value = 0;
+};
+constexpr std::size_t kTestMeasurements = 5;
+std::size_t writeTestResult(const std::array<TestMeasurement, kTestMeasurements>& measurements, std::uint8_t* contents);
+std::optional<std::array<TestMeasurement, kTestMeasurements>> parseTestResult(const FrameView& frame);
+
+}  // namespace omci
+
+#endif
