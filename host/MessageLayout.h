@@ -2,6 +2,7 @@
 #define HOST_MESSAGE_LAYOUT_H
 
 #include <array>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -231,6 +232,18 @@ struct AlarmedEntity
     bool isRaised(unsigned number) const;
     std::size_t write(std::uint8_t* contents) const;
 };
+
+/// Alarm n of `alarms` as bit 7 - n % 8 of octet n / 8; the octets must be zero before.
+template <std::size_t N>
+void packAlarms(const std::bitset<N>& alarms, std::array<std::uint8_t, kAlarmBitmapLength>& octets)
+{
+    static_assert(N <= 8 * kAlarmBitmapLength);
+    for (std::size_t number = 0; number < N; ++number) {
+        if (alarms[number]) {
+            octets[number / 8] = static_cast<std::uint8_t>(octets[number / 8] | (0x80U >> (number % 8)));
+        }
+    }
+}
 
 /// Entity `index` of a get all alarms next response; nothing behind the last one. Baseline has one.
 std::optional<AlarmedEntity> parseAlarmedEntity(const FrameView& frame, std::size_t index);

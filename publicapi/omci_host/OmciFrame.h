@@ -5,6 +5,10 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace omci {
+struct FrameView;
+}
+
 /// One received OMCI frame, and the reply that is built into it (G.988 11.2).
 ///
 /// Numbers are in host byte order, contents in network byte order. The object owns all its bytes; nothing in it
@@ -12,6 +16,8 @@
 class OmciFrame
 {
 public:
+    OmciFrame();
+
     static constexpr unsigned char kBaselineDeviceId = 10;
     static constexpr unsigned char kExtendedDeviceId = 11;
     /// Contents of a baseline frame, and the most that an extended frame carries.
@@ -41,11 +47,48 @@ public:
     /// Bytes.
     unsigned int getImageSizeInEndSoftwareDownload() const;
 
-    /// Builds the reply. `result` is the OMCI result and reason; `value1` is the command count of a MIB upload or get
-    /// all alarms, the window size of a start download, or the section number of a download section; `value3` is the
-    /// attribute mask of a get next reply. `contents` may be null with length 0; it is copied.
+    /// Builds the reply by the request's type and format. `result` is the OMCI result and reason; `value1` is the
+    /// command count of a MIB upload or get all alarms, the window size of a start download, or the section number of a
+    /// download section; `value2` the optional-attribute mask and `value3` the attribute execution mask of a create or
+    /// set, or the attribute mask of a get or get next reply. `contents` may be null with length 0; it is copied, and
+    /// what exceeds the format is cut off. Counts and snapshots have no result on the wire: a failed one counts 0 or is
+    /// empty.
     void setFrameToSendBackToOLT(unsigned char result, unsigned short value1, unsigned short value2,
                                  unsigned short value3, const unsigned char* contents, unsigned short contentsLength);
+
+    /// @name The host's side
+    /// @{
+
+    /// Octets behind the longest contents that a careless reader or writer of an attribute may touch.
+    static constexpr std::size_t kSpareLength = 64;
+
+    /// Takes a decoded request in; forgets the reply.
+    void setRequest(const omci::FrameView& frame);
+    bool hasReply() const { return m_HasReply; }
+    /// Result of the reply, also where the wire has no place for it.
+    unsigned char getReplyResult() const { return m_ReplyResult; }
+    /// Contents of the reply, without baseline padding.
+    const unsigned char* getReplyContent() const { return m_Reply.data(); }
+    unsigned short getReplyContentLength() const { return m_ReplyLength; }
+    /// The reply's contents to be written in place: kMaximumContentLength octets and the spare.
+    unsigned char* getReplyBuffer() { return m_Reply.data(); }
+    /// Declares what was written in place to be the reply.
+    void setReply(unsigned char result, unsigned short contentsLength);
+    /// @}
+
+private:
+    unsigned short m_TransactionId = 0;
+    unsigned short m_Class = 0;
+    unsigned short m_Instance = 0;
+    unsigned short m_ContentLength = 0;
+    unsigned short m_ReplyLength = 0;
+    unsigned char m_MessageType = 0;
+    unsigned char m_AcknowledgeRequest = 0;
+    unsigned char m_DeviceId = kBaselineDeviceId;
+    unsigned char m_ReplyResult = 0;
+    bool m_HasReply = false;
+    std::array<unsigned char, kMaximumContentLength + kSpareLength> m_Content;
+    std::array<unsigned char, kMaximumContentLength + kSpareLength> m_Reply;
 };
 
 #endif

@@ -117,16 +117,18 @@ public:
     /// OMCI test. The result is the OMCI result code; the outcome follows later as a test result message.
     virtual int test(OmciFrame* frame) const;
 
-    /// The host's Get handler: reads the mask from the frame, reads each attribute with the frame's message type as the
-    /// action and builds the reply.
+    /// The host's Get handler (get, get current data): reads the mask from the frame, reads each attribute with the
+    /// frame's message type as the action and builds the reply.
     int getAttribute(OmciFrame* frame) const;
     /// Walks the classes that are part of the MIB upload and stores each frame through setMibUploadMessage.
     /// `count` becomes the number of MIB upload next commands that the OLT needs.
     int mibUploadExec(OmciFrame* frame, unsigned short& count);
     /// Walks the classes that are part of get all alarms and stores each frame through setGetAllAlarmsMessage.
+    /// Retrieval mode 1 leaves out the instances under alarm reporting control; every other mode takes all.
     int getAllAlarmsExec(OmciFrame* frame, unsigned short& count);
     /// Fills `message` with an attribute value change of the instance, or leaves it empty when the attribute reports
-    /// none.
+    /// none. Layout, network byte order: class in octets 0 and 1, instance in 2 and 3, attribute mask in 4 and 5, then
+    /// the value; a table has no value, as in G.988.
     void buildAttributeValueChangeMessage(unsigned short instance, unsigned short attributeMask,
                                           OmciMessage* message) const;
 };

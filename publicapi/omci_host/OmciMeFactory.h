@@ -2,10 +2,11 @@
 #define OMCI_HOST_OMCI_ME_FACTORY_H
 
 #include <map>
+#include <shared_mutex>
 
 class OmciMe;
 
-/// Registry of the adapters by G.988 class number. Lives as long as the process.
+/// Registry of the adapters by G.988 class number. Lives as long as the process. Any thread may call.
 class OmciMeFactory
 {
 public:
@@ -25,6 +26,7 @@ public:
 private:
     OmciMeFactory() = default;
 
+    mutable std::shared_mutex m_Mutex;
     std::map<unsigned short, OmciMe*> m_ManagedEntities;
 };
 

@@ -1,7 +1,7 @@
 #ifndef OMCI_HOST_OMCI_ME_MANAGER_H
 #define OMCI_HOST_OMCI_ME_MANAGER_H
 
-/// Attribute sizes by class and mask, as the registered adapters define them.
+/// Attribute sizes by class and mask, as the registered adapters define them. Any thread may call.
 class OmciMeManager
 {
 public:

@@ -1,0 +1,196 @@
+#include "Dispatcher.h"
+
+#include <cstring>
+#include <exception>
+#include <string>
+#include <utility>
+
+#include "LogSink.h"
+#include "Notifier.h"
+#include "omci_host/Logger.h"
+
+namespace omci {
+
+namespace {
+
+/// Logs the exception in flight.
+void logException(const OmciFrame& frame, const char* what)
+{
+    Logger::getInstance(kHostLoggerId)
+        ->writeToLog(0, "execute", "host/Dispatcher.cpp", __LINE__, 3, "Managed entity(%hu; %hu); %s failed(%s)",
+                     frame.getManagedEntityClass(), frame.getManagedEntityInstance(),
+                     messageTypeName(static_cast<MessageType>(frame.getMessageType())), what);
+}
+
+DropReason reasonOf(DecodeError error)
+{
+    switch (error) {
+    case DecodeError::UnknownDeviceId:
+        return DropReason::UnknownDeviceId;
+    case DecodeError::InvalidMessageType:
+        return DropReason::InvalidMessageType;
+    case DecodeError::Truncated:
+        return DropReason::Truncated;
+    case DecodeError::Oversized:
+        return DropReason::Oversized;
+    default:
+        return DropReason::TooShort;
+    }
+}
+
+bool isRequest(const FrameHeader& header)
+{
+    return !header.acknowledgement && !isAutonomous(header.type);
+}
+
+}  // namespace
+
+const char* dropReasonName(DropReason reason)
+{
+    switch (reason) {
+    case DropReason::TooShort:
+        return "too short for a header";
+    case DropReason::UnknownDeviceId:
+        return "unknown device identifier";
+    case DropReason::InvalidMessageType:
+        return "reserved bit of the message type set";
+    case DropReason::Truncated:
+        return "contents truncated";
+    case DropReason::Oversized:
+        return "contents oversized";
+    case DropReason::WrongMic:
+        return "wrong MIC";
+    case DropReason::NotARequest:
+        return "not a request";
+    }
+    return "unknown reason";
+}
+
+Dispatcher::Dispatcher(Mic mic, Notifier* notifier) : m_Mic(std::move(mic)), m_Notifier(notifier), m_Executor(notifier)
+{}
+
+void Dispatcher::forgetRequests()
+{
+    for (LastRequest& last : m_LastRequests) {
+        last.requestLength = 0;
+        last.replyLength = 0;
+    }
+}
+
+Dispatcher::Reply Dispatcher::drop(DropReason reason, const FrameHeader* header, std::size_t length)
+{
+    ++m_Statistics.drops[static_cast<std::size_t>(reason)];
+    const FrameHeader none;
+    const FrameHeader& known = header != nullptr ? *header : none;
+    Logger::getInstance(kHostLoggerId)
+        ->writeToLog(0, "handle", "host/Dispatcher.cpp", __LINE__, 4,
+                     "Frame of %u octets dropped: %s; Transaction(0x%04X); Managed entity(%hu; %hu)",
+                     static_cast<unsigned>(length), dropReasonName(reason), known.transactionId, known.entityClass,
+                     known.entityInstance);
+    return {};
+}
+
+Dispatcher::Reply Dispatcher::handle(const std::uint8_t* bytes, std::size_t length)
+{
+    const Decoded decoded = decode(bytes, length);
+    const FrameHeader& header = decoded.frame.header;
+    if (!decoded) {
+        return refuseMalformed(decoded, length);
+    }
+    if (m_Mic.mode() != Mic::Mode::None &&
+        !(decoded.frame.hasMic && m_Mic.check(bytes, length, Direction::Downstream))) {
+        return drop(DropReason::WrongMic, &header, length);
+    }
+    if (!isRequest(header)) {
+        return drop(DropReason::NotARequest, &header, length);
+    }
+    count(header);
+    if (m_Notifier != nullptr) {
+        m_Notifier->setFormat(header.format);
+    }
+    return run(decoded.frame, bytes);
+}
+
+void Dispatcher::count(const FrameHeader& header)
+{
+    ++m_Statistics.requests[static_cast<std::size_t>(header.type)];
+    ++(header.format == Format::Baseline ? m_Statistics.baselineRequests : m_Statistics.extendedRequests);
+}
+
+Dispatcher::Reply Dispatcher::refuseMalformed(const Decoded& decoded, std::size_t length)
+{
+    const FrameHeader& header = decoded.frame.header;
+    // Without its whole length the integrity of the frame cannot be checked, so that only an ONU that checks none knows
+    // whom to answer.
+    if (!decoded.hasHeader() || m_Mic.mode() != Mic::Mode::None || !isRequest(header) || !header.acknowledgeRequest) {
+        return drop(reasonOf(decoded.error), decoded.hasHeader() ? &header : nullptr, length);
+    }
+    count(header);
+    FrameView empty;
+    empty.header = header;
+    m_Frame.setRequest(empty);
+    m_Frame.setFrameToSendBackToOLT(static_cast<unsigned char>(Result::ParameterError), 0, 0, 0, nullptr, 0);
+    LastRequest& scratch = m_LastRequests.back();
+    scratch.replyLength = encodeReply(header, scratch.reply.data());
+    return {scratch.reply.data(), scratch.replyLength};
+}
+
+Dispatcher::Reply Dispatcher::run(const FrameView& view, const std::uint8_t* bytes)
+{
+    const FrameHeader& header = view.header;
+    // Id 0 is no identity: tools that never set one would get stale answers.
+    const bool kept = header.acknowledgeRequest && header.transactionId != 0;
+    LastRequest& last = kept ? m_LastRequests[header.transactionId >> 15] : m_LastRequests.back();
+    // Up to the end of the contents: trailer and MIC say nothing that these octets do not.
+    const std::size_t significant = static_cast<std::size_t>(view.contents + view.contentsLength - bytes);
+    if (kept) {
+        const Clock::time_point now = Clock::now();
+        const bool same = last.requestLength == significant &&
+                          std::memcmp(last.request.data(), bytes, significant) == 0 &&
+                          now - last.time <= kRetransmissionTime;
+        last.time = now;
+        if (same) {
+            ++m_Statistics.retransmissions;
+            ++m_Statistics.replies;
+            return {last.reply.data(), last.replyLength};
+        }
+        std::memcpy(last.request.data(), bytes, significant);
+        last.requestLength = significant;
+    }
+    m_Frame.setRequest(view);
+    executeGuarded();
+    last.replyLength = m_Frame.hasReply() ? encodeReply(header, last.reply.data()) : 0;
+    return header.acknowledgeRequest ? Reply{last.reply.data(), last.replyLength} : Reply{};
+}
+
+void Dispatcher::executeGuarded()
+{
+    try {
+        m_Executor.execute(m_Frame);
+        return;
+    } catch (const std::exception& exception) {
+        logException(m_Frame, exception.what());
+    } catch (...) {
+        logException(m_Frame, "unknown exception");
+    }
+    ++m_Statistics.exceptions;
+    m_Frame.setFrameToSendBackToOLT(static_cast<unsigned char>(Result::ProcessingError), 0, 0, 0, nullptr, 0);
+}
+
+std::size_t Dispatcher::encodeReply(const FrameHeader& request, std::uint8_t* out)
+{
+    const std::size_t result = m_Frame.getReplyResult();
+    if (result < m_Statistics.results.size()) {
+        ++m_Statistics.results[result];
+    }
+    if (!request.acknowledgeRequest) {
+        return 0;
+    }
+    const std::size_t length =
+        encode(responseTo(request), m_Frame.getReplyContent(), m_Frame.getReplyContentLength(), out);
+    m_Mic.seal(out, length, Direction::Upstream);
+    ++m_Statistics.replies;
+    return length;
+}
+
+}  // namespace omci

@@ -1,0 +1,77 @@
+#ifndef HOST_DISPATCHER_H
+#define HOST_DISPATCHER_H
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+
+#include "CommandExecutor.h"
+#include "FrameCodec.h"
+#include "Mic.h"
+#include "Statistics.h"
+#include "omci_host/OmciFrame.h"
+
+namespace omci {
+
+class Notifier;
+
+/// Received octets in, reply octets out. Owns its buffers: a get or set allocates nothing once the class's attribute
+/// lists are known. One thread uses it, the one that calls the library.
+class Dispatcher
+{
+public:
+    /// A retransmission that comes later than this after its request is run as a new one.
+    static constexpr std::chrono::seconds kRetransmissionTime{3};
+
+    /// `mic` checks what is received and seals what is sent. `notifier` may be null and is not owned.
+    explicit Dispatcher(Mic mic, Notifier* notifier = nullptr);
+
+    /// A whole frame, good until the next `handle`. Empty when no reply is due.
+    struct Reply
+    {
+        const std::uint8_t* data = nullptr;
+        std::size_t length = 0;
+    };
+
+    /// Runs one received frame. Never throws for what the library does: that becomes a processing error reply and a
+    /// level 3 log line. Frames that nobody can be answered for are counted, logged at level 4 and dropped.
+    Reply handle(const std::uint8_t* bytes, std::size_t length);
+
+    const Statistics& statistics() const { return m_Statistics; }
+
+    /// Forgets the last requests, as at a restart of the ONU.
+    void forgetRequests();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    /// The last request of one priority and its reply.
+    struct LastRequest
+    {
+        std::size_t requestLength = 0;
+        std::size_t replyLength = 0;
+        Clock::time_point time{};
+        std::array<std::uint8_t, kMaximumFrameLength> request;
+        std::array<std::uint8_t, kMaximumFrameLength> reply;
+    };
+
+    Reply drop(DropReason reason, const FrameHeader* header, std::size_t length);
+    Reply refuseMalformed(const Decoded& decoded, std::size_t length);
+    Reply run(const FrameView& view, const std::uint8_t* bytes);
+    void executeGuarded();
+    std::size_t encodeReply(const FrameHeader& request, std::uint8_t* out);
+    void count(const FrameHeader& header);
+
+    Mic m_Mic;
+    Notifier* m_Notifier;
+    CommandExecutor m_Executor;
+    Statistics m_Statistics;
+    OmciFrame m_Frame;
+    /// By the priority bit of the transaction id; the third is for requests that are not kept.
+    std::array<LastRequest, 3> m_LastRequests;
+};
+
+}  // namespace omci
+
+#endif
