@@ -1,34 +1,9 @@
 // A get and a set through the dispatcher allocate nothing once warm.
 
-#include <cstdlib>
-#include <new>
-
+#include "AllocationCounter.h"
 #include "DispatcherFixture.h"
 
 using namespace omci;
-
-namespace {
-
-thread_local std::size_t g_Allocations = 0;
-
-}  // namespace
-
-void* operator new(std::size_t size)
-{
-    ++g_Allocations;
-    if (void* const memory = std::malloc(size == 0 ? 1 : size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace {
 
@@ -45,11 +20,11 @@ protected:
         }
         dispatcher.handle(requests[0].data(), requests[0].size());
         dispatcher.handle(requests[1].data(), requests[1].size());
-        const std::size_t before = g_Allocations;
+        const std::size_t before = allocationsOfThisThread();
         for (std::size_t n = 2; n < requests.size(); ++n) {
             EXPECT_NE(0U, dispatcher.handle(requests[n].data(), requests[n].size()).length);
         }
-        return g_Allocations - before;
+        return allocationsOfThisThread() - before;
     }
 
     FakeOnuData onuData;
@@ -62,9 +37,9 @@ protected:
 
 TEST_F(Allocations, TheCounterCounts)
 {
-    const std::size_t before = g_Allocations;
+    const std::size_t before = allocationsOfThisThread();
     ::operator delete(::operator new(5));  // a new expression might be optimised away
-    EXPECT_EQ(before + 1, g_Allocations);
+    EXPECT_EQ(before + 1, allocationsOfThisThread());
 }
 
 TEST_F(Allocations, GetAllocatesNothing)

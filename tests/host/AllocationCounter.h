@@ -1,0 +1,9 @@
+#ifndef TESTS_HOST_ALLOCATION_COUNTER_H
+#define TESTS_HOST_ALLOCATION_COUNTER_H
+
+#include <cstddef>
+
+/// How often the calling thread has called operator new so far.
+std::size_t allocationsOfThisThread();
+
+#endif
