@@ -1,6 +1,9 @@
 #include "HostMib.h"
 
 #include <algorithm>
+#include <iterator>
+#include <map>
+#include <vector>
 
 #include "omci_host/OmciMeFactory.h"
 #include "ont_omci_managed_entity/OmciManagedEntitiesCore.h"
@@ -10,8 +13,9 @@ namespace omci {
 
 namespace {
 
-/// Classes that the OLT may create and that no row of the start-up table brings.
-constexpr std::uint16_t kClassesWithoutStartupRow[] = {89,    279,   280,   311,   330,   340,   65404, 65406, 65407,
+/// Classes that no row of the start-up table brings.
+constexpr std::uint16_t kClassesWithoutStartupRow[] = {82,    89,    90,    279,   280,   297,   304,   311,   330,
+                                                       340,   347,   65400, 65401, 65402, 65403, 65404, 65406, 65407,
                                                        65408, 65409, 65410, 65411, 65412, 65413, 65414, 65420, 65421};
 
 constexpr std::uint16_t kPptpEthernetUni = 11;
@@ -56,18 +60,17 @@ int HostMib::deleteInstance(std::uint16_t classId, std::uint16_t instance)
 
 void HostMib::writeStartupValues(std::uint16_t classId, std::uint16_t instance)
 {
-    std::vector<StartupConfigManagedEntity> picture;
-    m_Registrar.getConfigManagedEntityVector(picture);
-    const auto record =
-        std::find_if(picture.begin(), picture.end(), [classId](const auto& row) { return row.classId == classId; });
-    if (record == picture.end()) {
+    const auto& table = OmciManagedEntitiesCore::defaultConfigManagedEntity;
+    const auto row = std::find_if(std::begin(table), std::end(table),
+                                  [classId](const auto& candidate) { return candidate.classId == classId; });
+    if (row == std::end(table)) {
         return;
     }
-    const unsigned int first = static_cast<unsigned int>(instance) << 16;
-    const auto end = record->attributeValues.upper_bound(first | 0xFFFF);
-    for (auto value = record->attributeValues.lower_bound(first); value != end; ++value) {
-        m_Registrar.setManagedEntityAttribute(classId, instance, static_cast<std::uint16_t>(value->first & 0xFFFF),
-                                              value->second);
+    // From the row and not from the registrar's picture, which could only be had by copying all of it.
+    std::map<unsigned int, std::vector<unsigned char>> values;
+    m_Core.buildAttributeValueMap(*row, instance, values);
+    for (const auto& [key, octets] : values) {
+        m_Registrar.setManagedEntityAttribute(classId, instance, static_cast<std::uint16_t>(key & 0xFFFF), octets);
     }
 }
 

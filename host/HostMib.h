@@ -9,7 +9,7 @@ class OmciManagedEntityRegistrar;
 namespace omci {
 
 /// The part of the start-up MIB that the library leaves to its host: the ports of the board, and the adapters of the
-/// classes that only the OLT creates. To be used once the registrar has registered the supported classes.
+/// classes without a start-up row. To be used once the registrar has registered the supported classes.
 class HostMib
 {
 public:

@@ -21,7 +21,6 @@ struct Library
 {
     std::vector<std::string> calls;
     std::set<unsigned short> refusedClasses;
-    std::vector<StartupConfigManagedEntity> picture;
     std::vector<std::unique_ptr<FakeMe>> adapters;
 };
 
@@ -65,11 +64,6 @@ int OmciManagedEntityRegistrar::deleteManagedEntityInstance(unsigned short class
     return 0;
 }
 
-void OmciManagedEntityRegistrar::getConfigManagedEntityVector(std::vector<StartupConfigManagedEntity>& picture)
-{
-    picture = g_Library->picture;
-}
-
 int OmciManagedEntityRegistrar::setManagedEntityAttribute(unsigned short classId, unsigned short instance,
                                                           unsigned short attributeMask,
                                                           std::vector<unsigned char> value)
@@ -92,18 +86,17 @@ int OmciManagedEntitiesCore::getDefaultConfigManagedEntity(unsigned short classI
                                                            StartupConfigManagedEntity&)
 {
     g_Library->calls.push_back("default " + entity(classId, instance));
-    if (classId == 297) {
-        return -1;
-    }
-    StartupConfigManagedEntity added;
-    added.classId = classId;
-    added.instances = {instance};
+    return classId == 297 ? -1 : 0;
+}
+
+DefaultConfigManagedEntity OmciManagedEntitiesCore::defaultConfigManagedEntity[88];
+
+void OmciManagedEntitiesCore::buildAttributeValueMap(DefaultConfigManagedEntity row, unsigned short instance,
+                                                     std::map<unsigned int, std::vector<unsigned char>>& values)
+{
     const unsigned int key = static_cast<unsigned int>(instance) << 16;
-    added.attributeValues[key | 0x8000] = {0x2F};
-    added.attributeValues[key | 0x0001] = {0x05, 0xEE};
-    added.attributeValues[(key + 0x10000) | 0x8000] = {0xFF};
-    g_Library->picture = {added};
-    return 0;
+    values[key | 0x8000] = {row.instanceCount};
+    values[key | 0x0001] = {0x05, 0xEE};
 }
 
 unsigned short OmciManagedEntitiesCore::instancePptpEthernet(unsigned char index)
@@ -126,7 +119,12 @@ namespace {
 class HostMibTest : public testing::Test
 {
 protected:
-    HostMibTest() { g_Library = &library; }
+    HostMibTest()
+    {
+        g_Library = &library;
+        OmciManagedEntitiesCore::defaultConfigManagedEntity[40].classId = 11;
+        OmciManagedEntitiesCore::defaultConfigManagedEntity[40].instanceCount = 0x2F;
+    }
     ~HostMibTest() override { g_Library = nullptr; }
 
     Library library;
@@ -179,11 +177,11 @@ TEST_F(HostMibTest, ClassesWithoutAStartupRowAreRegisteredOnce)
 {
     const FakeMe known(89, {});
     mib.registerRemainingClasses();
-    EXPECT_EQ(17U, library.calls.size());
+    EXPECT_EQ(26U, library.calls.size());
     EXPECT_EQ(0, std::count(library.calls.begin(), library.calls.end(), "register 89"));
     EXPECT_EQ(1, std::count(library.calls.begin(), library.calls.end(), "register 65421"));
     mib.registerRemainingClasses();
-    EXPECT_EQ(17U, library.calls.size());
+    EXPECT_EQ(26U, library.calls.size());
 }
 
 TEST_F(HostMibTest, DeletingGoesThroughTheRegistrar)
