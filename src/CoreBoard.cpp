@@ -1,10 +1,11 @@
 // Board counts, and the edits that they make to the texts of the start-up table.
 #include <array>
-#include <cstdio>
 #include <cstring>
+#include <utility>
 
 #include "OmciManagedEntitiesCore.h"
 #include "OmciMeOnuGIf.h"
+#include "StartupTable.h"
 #include "impl/Log.h"
 
 unsigned char OmciManagedEntitiesCore::NUMBER_OF_T_CONT_SUPPORTED = 8;
@@ -19,9 +20,11 @@ unsigned char OmciManagedEntitiesCore::TOTAL_DOWNSTREAM_PRIORITY_QUEUES = 0;
 unsigned char OmciManagedEntitiesCore::TOTAL_NUMBER_OF_PRIORITY_QUEUES = 0;
 unsigned char OmciManagedEntitiesCore::TOTAL_UPSTREAM_TRAFFIC_SCHEDULER = 0;
 
-namespace {
+using nrvk::startupText;
+using nrvk::writeStartupNumber;
+using nrvk::writeStartupText;
 
-using AttributeValues = OmciManagedEntitiesCore::AttributeValues;
+namespace {
 
 constexpr unsigned short kAniGTotalTcontNumber = 0x4000;
 constexpr unsigned short kOnuGVendorId = 0x8000;
@@ -41,6 +44,18 @@ constexpr unsigned short kCircuitPackTotalPriorityQueueNumber = 0x10;
 constexpr unsigned short kPriorityQueueRelatedPort = 0x400;
 constexpr unsigned short kTrafficSchedulerTcontPointer = 0x8000;
 
+constexpr unsigned short kPortalServiceInstance = 0x8000;
+constexpr unsigned short kPortalConfigurationMethod = 0x4000;
+constexpr unsigned short kPortalNetworkAddress = 0x2000;
+constexpr unsigned short kPortalAdministrativeState = 0x1000;
+constexpr unsigned short kPortalCauseForLastAbnormalHalt = 0x400;
+constexpr unsigned short kPortalConfigurationPortalUpdateAvailable = 0x200;
+constexpr unsigned short kPortalConfigurationPortalResult = 0x80;
+constexpr unsigned short kPortalStatusMessageAvailable = 0x40;
+constexpr unsigned short kPortalStatusMessageResult = 0x10;
+constexpr unsigned short kPortalAssociatedMeClass = 0x8;
+constexpr unsigned short kPortalAssociatedMeClassInstance = 0x4;
+
 constexpr unsigned int kFirstTCont = 0x100;
 constexpr unsigned int kFirstUni = 0x101;
 constexpr unsigned int kSlots = 6;
@@ -48,24 +63,6 @@ constexpr unsigned int kSlots = 6;
 constexpr unsigned char product(unsigned char a, unsigned char b)
 {
     return static_cast<unsigned char>(a * b);
-}
-
-/// The row of an attribute in the table of texts.
-unsigned char (&textOf(AttributeValues& values, unsigned short attributeMask))[26]
-{
-    return values[15 - __builtin_ctz(attributeMask)];
-}
-
-void writeText(AttributeValues& values, unsigned short attributeMask, const char* value)
-{
-    auto& text = textOf(values, attributeMask);
-    std::snprintf(reinterpret_cast<char*>(text), sizeof text, "%s", value);
-}
-
-void writeNumber(AttributeValues& values, unsigned short attributeMask, int value)
-{
-    auto& text = textOf(values, attributeMask);
-    std::snprintf(reinterpret_cast<char*>(text), sizeof text, "%d", value);
 }
 
 /// G.988 plug-in unit types of the six slots: Ethernet, then what the board may carry.
@@ -143,7 +140,7 @@ void OmciManagedEntitiesCore::updateAniG(unsigned char index, AttributeValues& v
                                          const std::string& /*factoryFile*/)
 {
     NRVK_LOG(6, "Index(hhu)", index);
-    writeNumber(values, kAniGTotalTcontNumber, NUMBER_OF_T_CONT_SUPPORTED);
+    writeStartupNumber(values, kAniGTotalTcontNumber, NUMBER_OF_T_CONT_SUPPORTED);
 }
 
 void OmciManagedEntitiesCore::updateOnuG(unsigned char index, AttributeValues& values,
@@ -151,7 +148,7 @@ void OmciManagedEntitiesCore::updateOnuG(unsigned char index, AttributeValues& v
 {
     NRVK_LOG(6, "Index(hhu)", index);
     if (index == 0) {
-        writeText(values, kOnuGVendorId, "NRVK");
+        writeStartupText(values, kOnuGVendorId, "NRVK");
     }
 }
 
@@ -159,10 +156,10 @@ void OmciManagedEntitiesCore::updateOnu2G(unsigned char index, AttributeValues& 
                                           const std::string& /*factoryFile*/)
 {
     NRVK_LOG(6, "Index(hhu)", index);
-    writeNumber(values, kOnu2GOmccVersion, 0xB3);
-    writeNumber(values, kOnu2GTotalPriorityQueueNumber, TOTAL_UPSTREAM_PRIORITY_QUEUES);
-    writeNumber(values, kOnu2GTotalGemportidNumber, 32);
-    writeNumber(values, kOnu2GPriorityQueueScaleFactor, 1024);
+    writeStartupNumber(values, kOnu2GOmccVersion, 0xB3);
+    writeStartupNumber(values, kOnu2GTotalPriorityQueueNumber, TOTAL_UPSTREAM_PRIORITY_QUEUES);
+    writeStartupNumber(values, kOnu2GTotalGemportidNumber, 32);
+    writeStartupNumber(values, kOnu2GPriorityQueueScaleFactor, 1024);
 }
 
 void OmciManagedEntitiesCore::updatePptpEthernet(unsigned char index, AttributeValues& values,
@@ -170,8 +167,8 @@ void OmciManagedEntitiesCore::updatePptpEthernet(unsigned char index, AttributeV
 {
     NRVK_LOG(6, "Index(hhu)", index);
     const char* type = isCodePoint49ReportingRequired() ? "49" : "0";
-    writeText(values, kPptpEthernetExpectedType, type);
-    writeText(values, kPptpEthernetSensedType, type);
+    writeStartupText(values, kPptpEthernetExpectedType, type);
+    writeStartupText(values, kPptpEthernetSensedType, type);
 }
 
 void OmciManagedEntitiesCore::updateCardHolder(unsigned char index, AttributeValues& values,
@@ -181,9 +178,9 @@ void OmciManagedEntitiesCore::updateCardHolder(unsigned char index, AttributeVal
     if (index >= kSlots) {
         return;
     }
-    writeText(values, kCardholderActualPluginUnitType, pluginCode(index));
-    writeText(values, kCardholderExpectedPluginUnitType, pluginCode(index));
-    writeNumber(values, kCardholderExpectedPortType, portsOfSlot(index));
+    writeStartupText(values, kCardholderActualPluginUnitType, pluginCode(index));
+    writeStartupText(values, kCardholderExpectedPluginUnitType, pluginCode(index));
+    writeStartupNumber(values, kCardholderExpectedPortType, portsOfSlot(index));
 }
 
 void OmciManagedEntitiesCore::updateCircuitPack(unsigned char index, AttributeValues& values,
@@ -193,13 +190,14 @@ void OmciManagedEntitiesCore::updateCircuitPack(unsigned char index, AttributeVa
     if (index >= kSlots) {
         return;
     }
-    writeText(values, kCircuitPackType, pluginCode(index));
-    writeNumber(values, kCircuitPackNumberOfPorts, portsOfSlot(index));
-    writeNumber(values, kCircuitPackTotalTcontBufferNumber, NUMBER_OF_T_CONT_SUPPORTED);
-    writeNumber(values, kCircuitPackTotalPriorityQueueNumber, TOTAL_NUMBER_OF_PRIORITY_QUEUES);
+    writeStartupText(values, kCircuitPackType, pluginCode(index));
+    writeStartupNumber(values, kCircuitPackNumberOfPorts, portsOfSlot(index));
+    writeStartupNumber(values, kCircuitPackTotalTcontBufferNumber, NUMBER_OF_T_CONT_SUPPORTED);
+    writeStartupNumber(values, kCircuitPackTotalPriorityQueueNumber, TOTAL_NUMBER_OF_PRIORITY_QUEUES);
     for (const unsigned short mask :
          {kCircuitPackNumberOfPorts, kCircuitPackTotalTcontBufferNumber, kCircuitPackTotalPriorityQueueNumber}) {
-        NRVK_LOG(6, "Updating attribute(%hu); value(%s)", mask, reinterpret_cast<const char*>(textOf(values, mask)));
+        NRVK_LOG(6, "Updating attribute(%hu); value(%s)", mask,
+                 reinterpret_cast<const char*>(startupText(values, mask)));
     }
 }
 
@@ -211,7 +209,7 @@ void OmciManagedEntitiesCore::updateTrafficScheduler(unsigned char index, Attrib
     if (index < TOTAL_UPSTREAM_TRAFFIC_SCHEDULER) {
         tCont = kFirstTCont + quotient(index, NUMBER_OF_UPSTREAM_QUEUES_PER_T_CONT);
     }
-    writeNumber(values, kTrafficSchedulerTcontPointer, static_cast<int>(tCont));
+    writeStartupNumber(values, kTrafficSchedulerTcontPointer, static_cast<int>(tCont));
 }
 
 void OmciManagedEntitiesCore::updatePriorityQueue(unsigned char index, AttributeValues& values,
@@ -228,7 +226,37 @@ void OmciManagedEntitiesCore::updatePriorityQueue(unsigned char index, Attribute
         const unsigned int queue = index - static_cast<unsigned int>(TOTAL_UPSTREAM_PRIORITY_QUEUES);
         relatedPort = ((kFirstUni + quotient(queue, queues)) << 16) | remainder(queue, queues);
     }
-    writeNumber(values, kPriorityQueueRelatedPort, static_cast<int>(relatedPort));
+    writeStartupNumber(values, kPriorityQueueRelatedPort, static_cast<int>(relatedPort));
+}
+
+void OmciManagedEntitiesCore::updateFlexibleConfigurationStatusPortal(unsigned char index, AttributeValues& values,
+                                                                      const std::string& /*factoryFile*/)
+{
+    NRVK_LOG(6, "Index(hhu)", index);
+    constexpr unsigned char ipHost = 2;
+    constexpr int ipHostService = 0x033E0100;
+    constexpr int otherService = 0xFF00;
+    const unsigned short instance = instanceFlexibleConfigurationStatusPortal(index);
+    int associatedClass = index == ipHost ? 134 : 263;
+    if (index < NUMBER_OF_ETHERNET_UNI_SUPPORTED) {
+        associatedClass = 11;
+    }
+    const std::pair<unsigned short, int> numbers[] = {
+        {kPortalServiceInstance, (index == ipHost ? ipHostService : otherService) | (instance & 0xFF)},
+        {kPortalConfigurationMethod, index == ipHost ? 0 : 3},
+        {kPortalNetworkAddress, 2},
+        {kPortalAdministrativeState, 0},
+        {kPortalCauseForLastAbnormalHalt, 65535},
+        {kPortalConfigurationPortalUpdateAvailable, 0},
+        {kPortalConfigurationPortalResult, 0},
+        {kPortalStatusMessageAvailable, 1},
+        {kPortalStatusMessageResult, 1},
+        {kPortalAssociatedMeClass, associatedClass},
+        {kPortalAssociatedMeClassInstance, instance},
+    };
+    for (const auto& [attributeMask, number] : numbers) {
+        writeStartupNumber(values, attributeMask, number);
+    }
 }
 
 // Video ports have no texts that the board changes; the functions are there for rows that refer to them.

@@ -6,6 +6,7 @@
 
 #include "HALFactory.h"
 #include "OmciManagedEntityRegistrar.h"
+#include "StartupTable.h"
 #include "impl/Log.h"
 
 void* nrvkHalPtr = nullptr;
@@ -173,11 +174,7 @@ void OmciManagedEntitiesCore::clearOmciManagedEntitiesAndInstances(StartupConfig
 unsigned short OmciManagedEntitiesCore::findAndUpdate(unsigned short classId, unsigned char count)
 {
     NRVK_LOG(6, "Managed entity class(%hu); Count(%hhu)", classId, count);
-    for (DefaultConfigManagedEntity& row : defaultConfigManagedEntity) {
-        if (row.classId == classId) {
-            row.instanceCount = count;
-        }
-    }
+    nrvk::writeInstanceCount(classId, count);
     return classId;
 }
 
