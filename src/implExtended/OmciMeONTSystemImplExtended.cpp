@@ -1,0 +1,36 @@
+#include "implExtended/OmciMeONTSystemImplExtended.h"
+
+#include <ctime>
+
+#include "impl/Log.h"
+#include "implExtended/Hardware.h"
+
+namespace {
+
+std::tm brokenDownTime(const unsigned char* value)
+{
+    std::tm time{};
+    time.tm_year = (value[0] << 8 | value[1]) - 1900;
+    time.tm_mon = value[2] - 1;
+    time.tm_mday = value[3];
+    time.tm_hour = value[4];
+    time.tm_min = value[5];
+    time.tm_sec = value[6];
+    return time;
+}
+
+}  // namespace
+
+int OmciMeONTSystemImplExtended::setTimeOfDay(const unsigned char* value)
+{
+    NRVK_LOG(6, "Time of day(%02X, %02X, %02X, %02X, %02X, %02X, %02X)", value[0], value[1], value[2], value[3],
+             value[4], value[5], value[6]);
+    OmciMeONTSystemImpl::setTimeOfDay(value);
+    std::tm time = brokenDownTime(value);
+    const std::time_t seconds = std::mktime(&time);
+    if (OmciHardwareIfc* hardware = nrvk::hardwareOrLog()) {
+        hardware->setOntTimeOfDay(&seconds);
+    }
+    NRVK_LOG(3, "Time of day (in Seconds) = %d", static_cast<int>(seconds));
+    return 0;
+}
