@@ -1,0 +1,64 @@
+#include "implExtended/OmciMeSoftwareImageImplExtended.h"
+
+#include "impl/Log.h"
+#include "impl/SoftwareImageDescriptions.h"
+
+namespace {
+
+constexpr unsigned int kRereadLimitMilliseconds = 2000;
+
+}  // namespace
+
+std::atomic<unsigned char> OmciMeSoftwareImageImplExtended::m_TimeToAskForNewSoftwareVersion{1};
+
+OmciMeSoftwareImageImplExtended::OmciMeSoftwareImageImplExtended(unsigned short instance, bool createdByOlt)
+    : NoHardware(instance, createdByOlt),
+      m_SoftwareVersionTimer(std::make_unique<NorvikTimer>(softwareVersionTimerHandler, this))
+{}
+
+OmciMeSoftwareImageImplExtended::~OmciMeSoftwareImageImplExtended()
+{
+    m_SoftwareVersionTimer->stopTimer();
+    // With the timer gone, nobody else would let the other instance read again.
+    m_SoftwareVersionTimer.reset();
+    m_TimeToAskForNewSoftwareVersion = 1;
+}
+
+const unsigned char* OmciMeSoftwareImageImplExtended::getVersion(EnumOmciAction /*action*/) const
+{
+    updateSoftwareImageMEs();
+    return OmciMeSoftwareImageImpl::getVersion(OMCI_ACTION_GET);
+}
+
+unsigned char OmciMeSoftwareImageImplExtended::getIsCommitted(EnumOmciAction /*action*/) const
+{
+    updateSoftwareImageMEs();
+    return OmciMeSoftwareImageImpl::getIsCommitted(OMCI_ACTION_GET);
+}
+
+unsigned char OmciMeSoftwareImageImplExtended::getIsActive(EnumOmciAction /*action*/) const
+{
+    updateSoftwareImageMEs();
+    return OmciMeSoftwareImageImpl::getIsActive(OMCI_ACTION_GET);
+}
+
+unsigned char OmciMeSoftwareImageImplExtended::getIsValid(EnumOmciAction /*action*/) const
+{
+    updateSoftwareImageMEs();
+    return OmciMeSoftwareImageImpl::getIsValid(OMCI_ACTION_GET);
+}
+
+void OmciMeSoftwareImageImplExtended::updateSoftwareImageMEs() const
+{
+    if (m_TimeToAskForNewSoftwareVersion.exchange(0) == 0) {
+        return;
+    }
+    m_SoftwareVersionTimer->startOneShotTimer(kRereadLimitMilliseconds);
+    nrvk::readSoftwareImageDescriptions();
+}
+
+void OmciMeSoftwareImageImplExtended::softwareVersionTimerHandler(sigval /*argument*/)
+{
+    NRVK_LOG(6, "Software version timer expired");
+    m_TimeToAskForNewSoftwareVersion = 1;
+}
