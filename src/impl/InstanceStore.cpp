@@ -32,6 +32,9 @@ void* InstanceStore::createManagedEntityInstance(unsigned short instance, bool c
     }
     m_Instances->emplace(instance, object);
     NRVK_LOG_FOR_CLASS(m_Description, 6, "Managed entity(%p) created", object);
+    if (m_Operations.createCompanions != nullptr) {
+        m_Operations.createCompanions(instance);
+    }
     return object;
 }
 
@@ -49,9 +52,12 @@ bool InstanceStore::deleteManagedEntityInstance(unsigned short instance, bool cr
     if (m_Operations.eraseConfigurationFromHardware != nullptr) {
         m_Operations.eraseConfigurationFromHardware(object);
     }
-    // Out of the map first: a destructor that deletes companions, or looks around, must not find its own object.
+    // Out of the map first: a destructor or a companion that looks around must not find the object.
     m_Instances->erase(instance);
     m_Operations.destroy(object);
+    if (m_Operations.deleteCompanions != nullptr) {
+        m_Operations.deleteCompanions(instance);
+    }
     return true;
 }
 

@@ -3,6 +3,7 @@
 
 #include <map>
 #include <string>
+#include <type_traits>
 
 #include "impl/ManagedEntityDescription.h"
 
@@ -18,7 +19,16 @@ struct InstanceOperations
     /// Null for a class with no binding to the hardware.
     int (*eraseConfigurationFromHardware)(void* object);
     std::string (*dumpME)(const void* object, unsigned short attributeMask);
+    /// Null for a class without companions: entities of other classes that come and go with an instance, under its id.
+    int (*createCompanions)(unsigned short instance);
+    int (*deleteCompanions)(unsigned short instance);
 };
+
+/// Whether `Concrete` makes companions of its instances, through createOmciMeInstance and deleteOmciMeInstance.
+template <typename Concrete, typename = void>
+inline constexpr bool hasCompanions = false;
+template <typename Concrete>
+inline constexpr bool hasCompanions<Concrete, std::void_t<decltype(&Concrete::createOmciMeInstance)>> = true;
 
 /// The instances of one class, in ascending order of their ids; owns them. Not synchronised.
 ///
@@ -82,6 +92,10 @@ constexpr InstanceOperations instanceOperations()
     operations.dumpME = [](const void* object, unsigned short attributeMask) {
         return static_cast<const If*>(object)->dumpME(attributeMask);
     };
+    if constexpr (hasCompanions<Concrete>) {
+        operations.createCompanions = &Concrete::createOmciMeInstance;
+        operations.deleteCompanions = &Concrete::deleteOmciMeInstance;
+    }
     return operations;
 }
 
