@@ -1,0 +1,61 @@
+#ifndef SIMULATOR_SANDBOX_SANDBOX_H
+#define SIMULATOR_SANDBOX_SANDBOX_H
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Keeps the library's shell commands and file accesses away from the machine it runs on.
+///
+/// Linking `nrvk_sandbox` into an executable puts its own `system`, `open`, `fopen` ... in front of those of the C
+/// library, for the executable and for every shared library it loads. No shell command is ever run: it is written
+/// down and handed to a stand-in. A file call that comes from the library and names an absolute path works on that path
+/// below a private directory; other callers' file calls are left alone, except on the board's own paths
+/// (/opt/addons, /etc/init.d, the received image), which nobody reaches for real.
+///
+/// It protects without being set up: an untold sandbox makes a private directory at the first need, and takes the
+/// shared library of the managed entities, or else the executable, for the library. All operations may be called from
+/// any thread.
+class Sandbox
+{
+public:
+    /// Stands in for the shell: the result is what `system` yields. Runs on the thread that called `system`, with no
+    /// lock held.
+    using CommandHandler = std::function<int(const char* command)>;
+
+    /// Takes the directory that holds the library's files from now on; it is made when missing and stays at exit.
+    /// Throws std::filesystem::filesystem_error when that fails.
+    static void useDirectory(const std::string& directory);
+    /// The directory in force, an absolute path without a trailing slash. With none given it is a new one below $TMPDIR
+    /// (/tmp), which is removed when the process exits.
+    static std::string directory();
+    /// Where the library's absolute path really lies.
+    static std::string realPath(const std::string& path);
+
+    /// Any address inside the image (executable or shared library) whose calls are the library's.
+    static void setLibraryAddress(const void* address);
+    /// A path of the real machine that the library may reach as it stands.
+    static void exempt(const std::string& path);
+
+    /// Empty: every command yields 0.
+    static void setCommandHandler(CommandHandler handler);
+    /// All commands asked for so far, in order.
+    static std::vector<std::string> commands();
+    static void clearCommands();
+
+    /// The next `times` calls of a C function by the library fail with `errnoValue`. False when the function has no
+    /// failure point. "malloc" stands for calloc and the non-throwing array new too.
+    static bool fail(const std::string& function, int errnoValue, unsigned int times);
+    /// What has a failure point.
+    static std::vector<std::string> failurePoints();
+
+    /// Free bytes that statvfs shows to the library; nothing: those of the real file system.
+    static void setFreeSpace(std::optional<std::uint64_t> bytes);
+
+    /// Forgets commands, handler, failures, free space and exempt paths; the directory and its files stay.
+    static void reset();
+};
+
+#endif
