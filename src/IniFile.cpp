@@ -7,6 +7,7 @@
 
 // Its wide-character variants need a conversion library; none of them is used here.
 #define SI_NO_CONVERSION
+#define SI_IMPLEMENTATION
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wconversion"
 #pragma GCC diagnostic ignored "-Wshadow"
