@@ -1,0 +1,65 @@
+#include "app/Arguments.h"
+
+#include <algorithm>
+
+#include "model/Errors.h"
+#include "model/Names.h"
+#include "model/Value.h"
+
+namespace olt {
+
+const char* const kValueHelp =
+    "Values: numbers (10, 0x0A, -5), locked/unlocked and enabled/disabled for states; octets and table rows as 0x\n"
+    "and hexadecimal digits or as text (text: in front forces text), filled with zeros at the end; addresses as\n"
+    "10.0.0.1, fe80::1 and 00:11:22:33:44:55, serial numbers as ABCD12345678.";
+
+void EntityArguments::declare(CLI::App& app)
+{
+    app.add_option("CLASS", m_Class, "Class by name (AniG, \"ANI-G\", OmciMeAniG) or number (263)")->required();
+    app.add_option("INSTANCE", m_Instance, "Instance, 0 to 65535, decimal or 0x")->required();
+}
+
+EntityId EntityArguments::resolve(const Catalogue& catalogue) const
+{
+    return {&catalogue.lookUp(m_Class), parseInstance(m_Instance)};
+}
+
+std::uint16_t parseInstance(const std::string& text)
+{
+    const auto number = parseUnsigned(text);
+    if (!number || *number > 0xFFFF)
+        throw UsageError("instance \"" + text + "\" isn't a number from 0 to 65535");
+    return static_cast<std::uint16_t>(*number);
+}
+
+std::vector<const Attribute*> resolveAttributes(const EntityClass& entity, const std::vector<std::string>& names)
+{
+    std::uint16_t mask = 0;
+    for (const auto& name : names)
+        mask = static_cast<std::uint16_t>(mask | entity.attribute(name).mask);
+    std::vector<const Attribute*> attributes;
+    for (const auto& attribute : entity.attributes) {
+        if ((mask & attribute.mask) != 0)
+            attributes.push_back(&attribute);
+    }
+    return attributes;
+}
+
+std::vector<AttributeValue> resolveAssignments(const EntityClass& entity, const std::vector<std::string>& assignments)
+{
+    std::vector<AttributeValue> values;
+    for (const auto& assignment : assignments) {
+        const auto equals = assignment.find('=');
+        if (equals == std::string::npos || equals == 0)
+            throw UsageError("\"" + assignment + "\" isn't ATTRIBUTE=VALUE");
+        const Attribute& attribute = entity.attribute(assignment.substr(0, equals));
+        const auto isSame = [&](const AttributeValue& other) { return other.attribute == &attribute; };
+        if (std::any_of(values.begin(), values.end(), isSame))
+            throw UsageError(attribute.name + " is given twice" +
+                             (attribute.isTable() ? "; give one row per command, or use set-table" : ""));
+        values.push_back({&attribute, parseValue(attribute, assignment.substr(equals + 1))});
+    }
+    return values;
+}
+
+}  // namespace olt

@@ -1,0 +1,78 @@
+#include "app/CommandParser.h"
+
+#include <algorithm>
+
+#include "model/Names.h"
+
+namespace olt {
+
+namespace {
+
+const char* groupTitle(CommandGroup group)
+{
+    switch (group) {
+    case CommandGroup::Mib:
+        return "The MIB as a whole";
+    case CommandGroup::Entity:
+        return "One managed entity";
+    case CommandGroup::Action:
+        return "The ONU";
+    case CommandGroup::Tool:
+        break;
+    }
+    return "Tools";
+}
+
+}  // namespace
+
+CommandParser::CommandParser(CLI::App& app) : m_App(app)
+{
+    app.require_subcommand(1);
+    for (const auto& entry : commandEntries()) {
+        CLI::App* const sub = app.add_subcommand(entry.name, entry.summary);
+        sub->group(groupTitle(entry.group));
+        sub->footer(entry.details);
+        auto command = entry.make();
+        command->declare(*sub);
+        // CLI11 ends a program's help with a newline, a command's it doesn't.
+        sub->footer(sub->get_footer() + "\n");
+        m_Commands.emplace(sub, std::move(command));
+    }
+}
+
+std::unique_ptr<Command> CommandParser::take()
+{
+    return std::move(m_Commands.at(m_App.get_subcommands().front()));
+}
+
+std::string CommandParser::explain(const CLI::ParseError& error) const
+{
+    if (!m_App.get_subcommands().empty())
+        return error.what();
+    std::vector<std::string> names;
+    for (const auto& entry : commandEntries())
+        names.push_back(entry.name);
+    const auto rest = m_App.remaining();
+    const auto word = std::find_if(rest.begin(), rest.end(), [](const auto& text) { return text.rfind('-', 0) != 0; });
+    if (word != rest.end())
+        return "there is no command \"" + *word + "\"" + didYouMean(*word, names);
+    return rest.empty() ? error.what() : "there is no option " + rest.front();
+}
+
+std::unique_ptr<Command> CommandParser::parseWords(std::vector<std::string> words)
+{
+    CLI::App app;
+    app.set_help_flag();
+    CommandParser parser(app);
+    for (CLI::App* const sub : app.get_subcommands([](const CLI::App*) { return true; }))
+        sub->set_help_flag();
+    std::reverse(words.begin(), words.end());
+    try {
+        app.parse(std::move(words));
+    } catch (const CLI::ParseError& error) {
+        throw UsageError(parser.explain(error));
+    }
+    return parser.take();
+}
+
+}  // namespace olt

@@ -1,0 +1,110 @@
+#include "app/Arguments.h"
+#include "app/Command.h"
+#include "app/Report.h"
+#include "decode/Description.h"
+#include "model/Hex.h"
+#include "model/Value.h"
+
+namespace olt {
+
+namespace {
+
+/// Get and get current data differ in the message type alone.
+class GetCommand : public Command
+{
+public:
+    GetCommand(const char* name, omci::MessageType type) : m_Name(name), m_Type(type) {}
+
+    void declare(CLI::App& app) override
+    {
+        m_Target.declare(app);
+        app.add_option("ATTRIBUTE", m_Names, "Attributes by name or number; all that can be read when left out");
+    }
+
+    void prepare(Context& context) override
+    {
+        m_Entity = m_Target.resolve(context.catalogue());
+        m_Attributes = resolveAttributes(*m_Entity.entityClass, m_Names);
+        if (!m_Names.empty())
+            return;
+        for (const auto& attribute : m_Entity.entityClass->attributes) {
+            if ((m_Entity.entityClass->getMask & attribute.mask) != 0)
+                m_Attributes.push_back(&attribute);
+        }
+    }
+
+    ExitCode run(Context& context) override
+    {
+        const GetOutcome outcome = getAttributes(context.session(), m_Entity, m_Attributes, m_Type);
+        auto& output = context.output();
+        if (output.isJson()) {
+            auto json = resultJson(m_Name, m_Entity, outcome);
+            json["attributes"] = valuesToJson(*m_Entity.entityClass, outcome.values);
+            output.object(json);
+        } else {
+            print(output, outcome);
+        }
+        if (!outcome.succeeded())
+            return reportRefusal(context, m_Name, m_Entity, outcome);
+        return checkComplete(outcome);
+    }
+
+private:
+    void print(Output& output, const GetOutcome& outcome) const
+    {
+        Table table({{"#", Table::Align::Right}, {"Attribute"}, {"Value"}});
+        for (const auto& value : outcome.values.values)
+            table.add({std::to_string(value.attribute->number), value.attribute->name,
+                       formatValue(*value.attribute, value.value)});
+        if (outcome.values.undecoded != 0)
+            table.add({"", "(not in the catalogue)", "0x" + toHex(outcome.values.rest)});
+        if (table.isEmpty())
+            return;
+        output.line(entityLabel(m_Entity), Style::Bold);
+        output.table(table);
+    }
+
+    /// Success without a value is an answer that nobody should build on.
+    ExitCode checkComplete(const GetOutcome& outcome) const
+    {
+        const auto lost = static_cast<std::uint16_t>((outcome.absent | outcome.values.missing) &
+                                                     (m_Entity.entityClass->known ? 0xFFFF : 0));
+        if (lost == 0)
+            return ExitCode::Success;
+        std::string text = "the answer of " + entityLabel(m_Entity) + " is success but lacks";
+        for (const auto& name : m_Entity.entityClass->attributeNames(lost))
+            text += " " + name;
+        throw BadAnswer(text);
+    }
+
+    const char* m_Name;
+    omci::MessageType m_Type;
+    EntityArguments m_Target;
+    std::vector<std::string> m_Names;
+    EntityId m_Entity;
+    std::vector<const Attribute*> m_Attributes;
+};
+
+class Get : public GetCommand
+{
+public:
+    Get() : GetCommand("get", omci::MessageType::Get) {}
+};
+
+class GetCurrentData : public GetCommand
+{
+public:
+    GetCurrentData() : GetCommand("get-current-data", omci::MessageType::GetCurrentData) {}
+};
+
+const CommandRegistration<Get> get("get", CommandGroup::Entity, "Read attributes",
+                                   "A table attribute answers its size; get-next reads its rows.\n\n"
+                                   "Examples:\n  get OnuG 0\n  get 263 0x0401 OpticalSignalLevel TransmitOpticalLevel");
+
+const CommandRegistration<GetCurrentData>
+    getCurrentData("get-current-data", CommandGroup::Entity, "Read counters of the interval that is running",
+                   "Example:\n  get-current-data EthernetPerformanceMonitoringHistoryData 257");
+
+}  // namespace
+
+}  // namespace olt

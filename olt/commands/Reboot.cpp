@@ -1,0 +1,33 @@
+#include "app/Command.h"
+#include "app/Report.h"
+
+namespace olt {
+
+namespace {
+
+class Reboot : public Command
+{
+public:
+    void declare(CLI::App& app) override
+    {
+        app.add_option("--unless", m_Unless, "Not during voice calls (calls) or emergency calls (emergency)")
+            ->check(CLI::IsMember({"calls", "emergency"}));
+    }
+
+    ExitCode run(Context& context) override
+    {
+        const std::uint8_t flags = m_Unless == "calls" ? 1 : m_Unless == "emergency" ? 2 : 0;
+        const EntityId onuG{&context.catalogue().ofNumber(256), 0};
+        return reportOutcome(context, "reboot", "reboot accepted by", onuG,
+                             command(context.session(), onuG, omci::MessageType::Reboot, {flags}));
+    }
+
+private:
+    std::string m_Unless;
+};
+
+const CommandRegistration<Reboot> registration("reboot", CommandGroup::Action, "Restart the ONU");
+
+}  // namespace
+
+}  // namespace olt

@@ -1,0 +1,45 @@
+#include "app/Arguments.h"
+#include "app/Command.h"
+#include "app/Report.h"
+
+namespace olt {
+
+namespace {
+
+class Set : public Command
+{
+public:
+    void declare(CLI::App& app) override
+    {
+        m_Target.declare(app);
+        app.add_option("ATTRIBUTE=VALUE", m_Assignments, "Attributes and their new values")->required();
+        app.footer(app.get_footer() + "\n" + kValueHelp);
+    }
+
+    void prepare(Context& context) override
+    {
+        m_Entity = m_Target.resolve(context.catalogue());
+        m_Values = resolveAssignments(*m_Entity.entityClass, m_Assignments);
+    }
+
+    ExitCode run(Context& context) override
+    {
+        return reportOutcome(context, "set", "set", m_Entity, setAttributes(context.session(), m_Entity, m_Values));
+    }
+
+private:
+    EntityArguments m_Target;
+    std::vector<std::string> m_Assignments;
+    EntityId m_Entity;
+    std::vector<AttributeValue> m_Values;
+};
+
+const CommandRegistration<Set> registration(
+    "set", CommandGroup::Entity, "Write attributes",
+    "Values that exceed one message go out in several, in attribute order. A table attribute takes one row.\n\n"
+    "Examples:\n  set OnuG 0 AdministrativeState=locked BatteryBackup=1\n"
+    "  set IpHostConfigData 0 IpAddress=10.0.0.2 Mask=255.255.255.0\n");
+
+}  // namespace
+
+}  // namespace olt

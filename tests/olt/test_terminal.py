@@ -1,0 +1,78 @@
+"""What shows on a terminal, and what must not show in a pipe."""
+
+import fcntl
+import os
+import pty
+import select
+import struct
+import subprocess
+import termios
+import unittest
+
+from fake_onu import FakeOnu
+from support import OltTest
+
+
+class TerminalTest(OltTest):
+    def on_terminal(self, onu, *arguments, columns=80, environment=None):
+        """Everything that the command writes to a terminal of so many columns."""
+        master, slave = pty.openpty()
+        fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
+        variables = {**os.environ, "TERM": "xterm", **(environment or {})}
+        if not environment:
+            variables.pop("NO_COLOR", None)
+        with subprocess.Popen(self.command(onu, *arguments), stdin=subprocess.DEVNULL, stdout=slave, stderr=slave,
+                              env=variables) as process:
+            os.close(slave)
+            output = b""
+            while select.select([master], [], [], 30)[0]:
+                try:
+                    part = os.read(master, 65536)
+                except OSError:  # the other end is closed
+                    break
+                if not part:
+                    break
+                output += part
+        os.close(master)
+        return output.decode()
+
+    def filled(self, onu):
+        onu.add(2, 0)
+        onu.add(134, 0, {15: b"host"})
+        for instance in range(0x101, 0x121):
+            onu.add(11, instance)
+
+    def test_pipe_has_neither_colour_nor_progress(self):
+        with FakeOnu() as onu:
+            self.filled(onu)
+            done = self.olt(onu, "mib-upload")
+            self.assertNotIn("\033", done.stdout + done.stderr)
+            self.assertNotIn("\r", done.stdout + done.stderr)
+            self.assertEqual(done.stderr, "")
+
+    def test_terminal_has_colour_and_progress_that_is_wiped(self):
+        with FakeOnu() as onu:
+            self.filled(onu)
+            text = self.on_terminal(onu, "mib-upload")
+            self.assertIn("MIB upload [", text)
+            self.assertIn("\033[1m", text)
+            bar, _, rest = text.rpartition("\r\033[K")
+            self.assertIn("[", bar)
+            self.assertNotIn("MIB upload [", rest)
+
+    def test_no_color(self):
+        with FakeOnu() as onu:
+            self.filled(onu)
+            self.assertNotIn("\033[1m", self.on_terminal(onu, "mib-upload", environment={"NO_COLOR": "1"}))
+
+    def test_tables_fit_the_terminal(self):
+        with FakeOnu() as onu:
+            onu.add(134, 0, {3: bytes(range(1, 26)), 15: b"host"})
+            text = self.on_terminal(onu, "get", "134", "0", columns=60, environment={"NO_COLOR": "1"})
+            lines = text.replace("\r", "").splitlines()
+            self.assertLessEqual(max(map(len, lines)), 60)
+            self.assertIn("0x" + bytes(range(1, 26)).hex(), "".join(line.strip() for line in lines))
+
+
+if __name__ == "__main__":
+    unittest.main()
