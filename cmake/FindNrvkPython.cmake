@@ -7,14 +7,15 @@ each candidate is asked, the one given by -DNRVK_PYTHON=... first.
 Sets NRVK_PYTHON (cached) and NrvkPython_FOUND; refuses with the name of the Debian package otherwise.
 ]]
 
+# `outcome` becomes the interpreter itself, not a wrapper around it, or empty when it does not serve.
 function(_nrvk_python_serves interpreter outcome)
   execute_process(
-    COMMAND "${interpreter}" -c "import sys, tomllib, jinja2; assert sys.version_info >= (3, 11)"
-    RESULT_VARIABLE _result OUTPUT_QUIET ERROR_QUIET)
+    COMMAND "${interpreter}" -c "import sys, tomllib, jinja2; print(sys.executable)"
+    RESULT_VARIABLE _result OUTPUT_VARIABLE _executable OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
   if(_result EQUAL 0)
-    set(${outcome} TRUE PARENT_SCOPE)
+    set(${outcome} "${_executable}" PARENT_SCOPE)
   else()
-    set(${outcome} FALSE PARENT_SCOPE)
+    set(${outcome} "" PARENT_SCOPE)
   endif()
 endfunction()
 
@@ -28,7 +29,7 @@ foreach(_candidate IN ITEMS "${NRVK_PYTHON}" "${_nrvk_python_on_path}" /usr/bin/
   list(APPEND _nrvk_python_asked "${_candidate}")
   _nrvk_python_serves("${_candidate}" _serves)
   if(_serves)
-    set(NRVK_PYTHON "${_candidate}" CACHE FILEPATH "Python 3.11 with Jinja2, runs the generator" FORCE)
+    set(NRVK_PYTHON "${_serves}" CACHE FILEPATH "Python 3.11 with Jinja2, runs the generator" FORCE)
     set(NrvkPython_FOUND TRUE)
     break()
   endif()
@@ -39,7 +40,8 @@ if(NOT NrvkPython_FOUND)
   set(_text "No Python 3.11 with Jinja2 here (asked: ${_asked}). Install the Debian packages python3 and "
             "python3-jinja2 (scripts/install-dependencies does), or name one with -DNRVK_PYTHON=/path/to/python3.")
   list(JOIN _text "" _text)
-  if(NrvkPython_FIND_REQUIRED)
+  # include() instead of find_package() means that there is no going on without it.
+  if(NrvkPython_FIND_REQUIRED OR NOT DEFINED CMAKE_FIND_PACKAGE_NAME)
     message(FATAL_ERROR "${_text}")
   elseif(NOT NrvkPython_FIND_QUIETLY)
     message(STATUS "${_text}")

@@ -1,0 +1,126 @@
+"""What the shared library offers to its host, and what it asks of it."""
+
+import re
+import unittest
+
+import elf
+import project
+
+# A class in a header counts as offered when it carries the export mark; so does a variable.
+EXPORTED_CLASS = re.compile(r"^(?:class|struct)\s+NRVK_EXPORT\s+(\w+)", re.MULTILINE)
+EXPORTED_VARIABLE = re.compile(r"^extern\s+NRVK_EXPORT\s+[\w\s*]*?(\w+);", re.MULTILINE)
+COMPILER_MADE = ("typeinfo for ", "typeinfo name for ", "vtable for ", "VTT for ", "guard variable for ",
+                 "non-virtual thunk to ", "virtual thunk to ")
+
+HOST_CLASSES = ["OmciMe", "OmciFrame", "OmciMessage", "OmciMeFactory", "OmciMeManager", "Logger", "NorvikTimer",
+                "CRC32", "HALFactory"]
+RUNTIME_VERSION = re.compile(r"^(GLIBC|GLIBCXX|CXXABI|GCC)_[0-9.]+")
+# Hooks that the linker adds to every shared object and nobody has to supply.
+LINKER_HOOKS = {"__gmon_start__", "_ITM_deregisterTMCloneTable", "_ITM_registerTMCloneTable"}
+RUNTIME_LIBRARIES = re.compile(r"^(libstdc\+\+|libm|libgcc_s|libc|libpthread|ld-linux[\w-]*)\.so\.\d+$")
+
+
+def without_prefix(name):
+    for prefix in COMPILER_MADE:
+        if name.startswith(prefix):
+            return name[len(prefix):]
+    return name
+
+
+def owner(name):
+    """The outermost scope of a demangled name: `OmciMe` of `OmciMe::test(OmciFrame*) const`."""
+    name = without_prefix(name)
+    match = re.match(r"^(?:[\w:<>,&* ]+? )??(\w+)(?:::|$)", name)
+    return match.group(1) if match else name
+
+
+def member(name):
+    """The member's own name: `test` of `OmciMe::test(OmciFrame*) const`."""
+    return re.split(r"[(<]", without_prefix(name).split("::", 1)[-1])[0]
+
+
+def offered_names():
+    text = "\n".join(header.read_text() for header in project.public_headers())
+    return set(EXPORTED_CLASS.findall(text)), set(EXPORTED_VARIABLE.findall(text))
+
+
+class NamesOfSymbols(unittest.TestCase):
+    """The parsing that the checks below rest on."""
+
+    def test_ownerIsTheOutermostScope(self):
+        self.assertEqual(owner("OmciMe::getAttribute(OmciFrame*) const"), "OmciMe")
+        self.assertEqual(owner("typeinfo for OmciMe"), "OmciMe")
+        self.assertEqual(owner("OmciMeFactory::getInstance()"), "OmciMeFactory")
+        self.assertEqual(owner("int Registrar::update<unsigned int>(unsigned short, unsigned int)"), "Registrar")
+        self.assertEqual(owner("nrvkHalPtr"), "nrvkHalPtr")
+        self.assertEqual(owner("std::vector<OmciMe*, std::allocator<OmciMe*> >::_M_realloc()"), "std")
+        self.assertEqual(member("OmciMe::getAttribute(OmciFrame*) const"), "getAttribute")
+        self.assertEqual(member("OmciMe::~OmciMe()"), "~OmciMe")
+
+    def test_versionsAreCutOff(self):
+        kinds = elf.parse("                 U operator new(unsigned long)@GLIBCXX_3.4\n"
+                          "                 U OmciMe::OmciMe()\n"
+                          "0000000000001139 T nrvkHalPtr\n"
+                          "                 w __cxa_finalize@GLIBC_2.2.5\n")
+        self.assertEqual([symbol.version for symbol in kinds], ["GLIBCXX_3.4", "", "", "GLIBC_2.2.5"])
+        self.assertEqual([symbol.name for symbol in kinds],
+                         ["operator new(unsigned long)", "OmciMe::OmciMe()", "nrvkHalPtr", "__cxa_finalize"])
+
+
+class ExportedSymbols(unittest.TestCase):
+    def test_onlyWhatAPublicHeaderMarksIsExported(self):
+        classes, variables = offered_names()
+        strangers = [symbol.name for symbol in elf.exported()
+                     if owner(symbol.name) not in classes and symbol.name not in variables]
+        self.assertEqual(strangers, [], "exported, but not marked NRVK_EXPORT in a public header")
+
+    def test_everyMarkedClassIsExported(self):
+        classes, variables = offered_names()
+        present = {owner(symbol.name) for symbol in elf.exported()}
+        self.assertEqual(sorted((classes | variables) - present), [])
+
+    def test_coreRegistrarAndHalPointerAreOffered(self):
+        present = {owner(symbol.name) for symbol in elf.exported()}
+        for name in ["OmciManagedEntitiesCore", "OmciManagedEntityRegistrar", "nrvkHalPtr"]:
+            self.assertIn(name, present)
+
+
+class UndefinedSymbols(unittest.TestCase):
+    def of_the_host(self):
+        return [symbol.name for symbol in elf.undefined()
+                if not RUNTIME_VERSION.match(symbol.version) and symbol.name not in LINKER_HOOKS]
+
+    def test_onlyTheHostContractAndTheRuntimeAreAskedFor(self):
+        strangers = [name for name in self.of_the_host() if owner(name) not in HOST_CLASSES]
+        self.assertEqual(strangers, [], "neither host contract nor C/C++ runtime")
+
+    def test_everyMemberAskedForStandsInItsContractHeader(self):
+        missing = []
+        for name in self.of_the_host():
+            if owner(name) in HOST_CLASSES and name == without_prefix(name):
+                header = project.HOST_CONTRACT / f"{owner(name)}.h"
+                if not re.search(rf"(?<!\w){re.escape(member(name))}\(", header.read_text()):
+                    missing.append(name)
+        self.assertEqual(missing, [])
+
+    def test_libraryBindsToTheHostByName(self):
+        names = {(owner(name), member(name)) for name in self.of_the_host()}
+        for wanted in [("OmciMeFactory", "getInstance"), ("Logger", "writeToLog"), ("OmciMe", "~OmciMe")]:
+            self.assertIn(wanted, names)
+
+    def test_onlyTheRuntimeLibrariesAreNeeded(self):
+        libraries = elf.needed_libraries()
+        self.assertTrue(libraries)
+        self.assertEqual([name for name in libraries if not RUNTIME_LIBRARIES.match(name)], [])
+
+
+class LibraryName(unittest.TestCase):
+    def test_sonameCarriesTheNumberOfTheInterface(self):
+        self.assertRegex(elf.soname()[0], r"^libnrvk-omci-me\.so\.\d+$")
+
+    def test_fileIsReachableByItsPlainName(self):
+        self.assertTrue(project.LIBRARY.exists(), project.LIBRARY)
+
+
+if __name__ == "__main__":
+    unittest.main()
