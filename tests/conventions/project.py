@@ -8,6 +8,7 @@ SOURCE = Path(os.environ.get("NRVK_SOURCE_DIR", Path(__file__).resolve().parents
 BUILD = Path(os.environ.get("NRVK_BINARY_DIR", SOURCE / "build" / "release"))
 LIBRARY = Path(os.environ.get("NRVK_LIBRARY", BUILD / "lib" / "libnrvk-omci-me.so"))
 COMPILER = os.environ.get("NRVK_COMPILER", "g++")
+LAUNCHER = [word for word in os.environ.get("NRVK_COMPILER_LAUNCHER", "").split(";") if word]
 NM = os.environ.get("NRVK_NM", "nm")
 READELF = os.environ.get("NRVK_READELF", "readelf")
 

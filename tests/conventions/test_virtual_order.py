@@ -12,23 +12,31 @@ ERASE = ("int", "eraseConfigurationFromHardware", "", False)
 
 
 class HostAndHardware(unittest.TestCase):
-    def check(self, class_name, wanted, includes):
-        found = vtable.places(class_name, wanted, includes)
-        self.assertEqual(found, [(operation[1], place)
-                                 for place, operation in enumerate(wanted, DESTRUCTOR_ENTRIES)])
-        self.assertEqual(vtable.number_of_entries(class_name, includes), len(wanted) + DESTRUCTOR_ENTRIES)
+    WANTED = {"OmciMe": operations.OMCI_ME, "OmciHardwareIfc": operations.HARDWARE}
+    INCLUDES = ["attributeDefinition.h", "OmciMe.h", "OmciHardwareIfc.h"]
+
+    @classmethod
+    def setUpClass(cls):
+        cls.places = vtable.places(cls.WANTED, cls.INCLUDES)
+        cls.entries = vtable.numbers_of_entries(cls.WANTED, cls.INCLUDES)
+
+    def check(self, class_name):
+        wanted = self.WANTED[class_name]
+        self.assertEqual(self.places[class_name],
+                         [(operation[1], place) for place, operation in enumerate(wanted, DESTRUCTOR_ENTRIES)])
+        self.assertEqual(self.entries[class_name], len(wanted) + DESTRUCTOR_ENTRIES)
 
     def test_omciMeHasItsFortyNineOperationsInOrder(self):
         self.assertEqual(len(operations.OMCI_ME) + 1, 49)
-        self.check("OmciMe", operations.OMCI_ME, ["attributeDefinition.h", "OmciMe.h"])
+        self.check("OmciMe")
 
     def test_hardwareInterfaceHasItsOperationsInOrder(self):
         self.assertEqual(len(operations.HARDWARE), 83)
-        self.check("OmciHardwareIfc", operations.HARDWARE, ["OmciHardwareIfc.h"])
+        self.check("OmciHardwareIfc")
 
     def test_reservedPlacesCarryTheirNumber(self):
-        places = vtable.places("OmciHardwareIfc", operations.HARDWARE, ["OmciHardwareIfc.h"])
-        reserved = [(int(name.removeprefix("reserved")), place + 1) for name, place in places if "reserved" in name]
+        reserved = [(int(name.removeprefix("reserved")), place + 1)
+                    for name, place in self.places["OmciHardwareIfc"] if "reserved" in name]
         self.assertEqual(len(reserved), 12)
         for number, place in reserved:
             self.assertEqual(number, place)
@@ -40,22 +48,24 @@ def hardware_binding_is_written(class_name):
 
 
 class ManagedEntities(unittest.TestCase):
-    def check(self, class_name, is_bound, attributes):
-        interface, includes = f"{class_name}If", [f"{class_name}If.h"]
-        common = operations.of_managed_entity(attributes)
-        wanted = [(operation[1], place) for place, operation in enumerate(common)]
-        # With hardware binding the destructor stands between the two hooks, without it comes last.
-        hooks = [APPLY, ERASE] if is_bound else []
-        if is_bound:
-            wanted += [(APPLY[1], len(common)), (ERASE[1], len(common) + 1 + DESTRUCTOR_ENTRIES)]
-        self.assertEqual(vtable.places(interface, common + hooks, includes), wanted)
-        self.assertEqual(vtable.number_of_entries(interface, includes),
-                         len(common) + len(hooks) + DESTRUCTOR_ENTRIES)
-
     def test_operationsOfASampleOfClassesAreInOrder(self):
+        wanted, places = {}, {}
         for class_name, (has_binding, attributes) in operations.SAMPLE_CLASSES.items():
-            with self.subTest(class_name):
-                self.check(class_name, has_binding and hardware_binding_is_written(class_name), attributes)
+            interface = f"{class_name}If"
+            wanted[interface] = operations.of_managed_entity(attributes)
+            places[interface] = [(operation[1], place) for place, operation in enumerate(wanted[interface])]
+            if has_binding and hardware_binding_is_written(class_name):
+                # The destructor stands between the two hooks; without them it comes last.
+                places[interface] += [(APPLY[1], len(wanted[interface])),
+                                      (ERASE[1], len(wanted[interface]) + 1 + DESTRUCTOR_ENTRIES)]
+                wanted[interface] += [APPLY, ERASE]
+        includes = [f"{interface}.h" for interface in wanted]
+        found = vtable.places(wanted, includes)
+        entries = vtable.numbers_of_entries(wanted, includes)
+        for interface in wanted:
+            with self.subTest(interface):
+                self.assertEqual(found[interface], places[interface])
+                self.assertEqual(entries[interface], len(wanted[interface]) + DESTRUCTOR_ENTRIES)
 
 
 if __name__ == "__main__":

@@ -1,0 +1,139 @@
+# shellcheck shell=bash
+# The components of .ci/run. Each runs in a shell of its own in the top folder of the tree, with the functions of
+# scripts/lib.sh, and fails by its exit code. CI_RESULT is where the outcome of ctest is to be left.
+
+CLANG_TIDY_SECONDS="${CLANG_TIDY_SECONDS:-420}"
+
+# Hand-written C++ files under version control; an argument narrows the list to what has changed since that commit.
+handwritten_files() {
+    local names
+    if [[ $# -gt 0 ]]; then
+        names="$(git diff --name-only --diff-filter=d "$1" -- '*.h' '*.cpp')"
+    else
+        names="$(git ls-files -- '*.h' '*.cpp')"
+    fi
+    grep -v '^tests/data/' <<<"$names" || true
+}
+
+# test_preset PRESET [ctest option...]: builds everything and runs its tests.
+test_preset() {
+    local preset="$1" status=0
+    shift
+    run_ctest "$preset" "$@" || status=$?
+    cp "$ROOT/build/$preset/ctest.xml" "$CI_RESULT"
+    return "$status"
+}
+
+component_test() {
+    local status=0
+    rm -f build/release/ctest.xml
+    scripts/test || status=$?
+    if [[ -f build/release/ctest.xml ]]; then cp build/release/ctest.xml "$CI_RESULT"; fi
+    return "$status"
+}
+
+component_format() {
+    dependencies check
+    handwritten_files | xargs -r clang-format-14 --dry-run --Werror
+}
+
+component_cppcheck() {
+    dependencies check
+    configure release -DBUILD_TESTING=ON -DNRVK_BENCH=ON
+    mkdir -p build/cppcheck
+    # What the compilers check better, and styles that the code base has decided otherwise, are left out.
+    cppcheck --quiet --error-exitcode=1 --inline-suppr -j "$JOBS" --cppcheck-build-dir=build/cppcheck \
+        --std=c++17 --language=c++ --enable=warning,performance,portability \
+        --suppress=missingIncludeSystem --suppress=unknownMacro --suppress=internalAstError \
+        -DNRVK_EXPORT= -Ipublicapi/omci_host -Ipublicapi/ont_omci_managed_entity -Isrc -I. \
+        src host simulator olt
+}
+
+# Files that the last commits have changed come first, so that the time goes where the work is; the rest follows while
+# there is time left.
+component_tidy() {
+    local base files begin=$SECONDS checked=0 file status=0
+    dependencies build run test check
+    configure release -DBUILD_TESTING=ON -DNRVK_BENCH=ON
+    build release
+    base="$(git merge-base HEAD "${NRVK_TIDY_BASE:-origin/main}" 2>/dev/null || true)"
+    if [[ -z "$base" || "$base" == "$(git rev-parse HEAD)" ]]; then
+        base="$(git rev-list --max-count=20 HEAD | tail -n 1)"
+    fi
+    files="$({ handwritten_files "$base"; handwritten_files; } | grep '\.cpp$' | awk '!seen[$0]++' | in_compile_commands)"
+    [[ -n "$files" ]] || { echo "nothing to check"; return 0; }
+    while read -r file; do
+        if ((SECONDS - begin > CLANG_TIDY_SECONDS)); then break; fi
+        checked=$((checked + 1))
+        clang-tidy-14 --quiet -p build/release "$file" 2>/dev/null || { status=1; echo "tidy: $file" >&2; }
+    done <<<"$files"
+    echo "clang-tidy: $checked of $(wc -l <<<"$files") files in $((SECONDS - begin)) s"
+    return "$status"
+}
+
+# Passes on those names that the build compiles.
+in_compile_commands() {
+    local file
+    while read -r file; do
+        ! grep -qF "\"file\": \"$ROOT/$file\"" build/release/compile_commands.json || echo "$file"
+    done
+}
+
+sanitizer() {
+    dependencies build run test
+    configure "$1" -DBUILD_TESTING=ON
+    build "$1"
+    test_preset "$1"
+}
+
+component_asan() { sanitizer asan; }
+component_tsan() { sanitizer tsan; }
+
+component_clang() {
+    dependencies build run test check
+    configure release -B build/clang -DCMAKE_CXX_COMPILER=clang++-14 -DBUILD_TESTING=ON -DNRVK_BENCH=ON -DNRVK_PROGRAMS=ON
+    build clang
+    local status=0
+    ctest --test-dir build/clang --parallel "$JOBS" --output-on-failure --no-tests=error --output-junit "$CI_RESULT" || status=$?
+    return "$status"
+}
+
+component_arm() {
+    dependencies build run test cross
+    configure arm -DBUILD_TESTING=ON
+    build arm
+    test_preset arm
+}
+
+component_bench() { scripts/bench --smoke; }
+
+# What a newcomer does: a clone of what is committed, nothing built, one command.
+component_demo() {
+    local clone status=0
+    clone="$(mktemp -d "${TMPDIR:-/tmp}/nrvk-clone.XXXXXX")"
+    git clone --quiet "$ROOT" "$clone/tree"
+    (cd "$clone/tree" && CCACHE_BASEDIR="$clone/tree" timeout 600 scripts/demo) || status=$?
+    rm -rf "$clone"
+    return "$status"
+}
+
+component_coverage() {
+    dependencies build run test check
+    configure debug -B build/coverage -DBUILD_TESTING=ON -DNRVK_BENCH=OFF -DCMAKE_CXX_FLAGS=--coverage
+    build coverage
+    ctest --test-dir build/coverage --parallel "$JOBS" --output-on-failure --output-junit "$CI_RESULT"
+    mkdir -p build/coverage/report
+    gcovr --root . --object-directory build/coverage --filter src/ --filter host/ --filter simulator/ --filter olt/ \
+        --html-details build/coverage/report/index.html --print-summary
+}
+
+# The tests' programs under valgrind, beside the sanitizers: it needs no special build, and sees the runtime as shipped.
+component_valgrind() {
+    dependencies build run test check
+    configure debug -DBUILD_TESTING=ON -DNRVK_BENCH=OFF
+    build debug
+    (cd build/debug && ctest --label-exclude conventions --parallel "$JOBS" --output-on-failure --timeout 600 \
+        --output-junit "$CI_RESULT" --overwrite MemoryCheckCommand="$(command -v valgrind)" \
+        --overwrite "MemoryCheckCommandOptions=--error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite --quiet" \
+        --test-action memcheck)
+}
