@@ -9,7 +9,7 @@ import unittest
 import project
 
 SCRIPTS = project.SOURCE / "scripts"
-COMMANDS = ["install-dependencies", "test", "demo", "bench"]
+COMMANDS = ["install-dependencies", "test", "demo", "bench", "arm-sysroot"]
 PURPOSES = {"build", "run", "test", "check", "cross"}
 
 
