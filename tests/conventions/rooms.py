@@ -24,7 +24,7 @@ MAY_INCLUDE = {
     "src/implExtended": PUBLIC | {"src/impl"},
     "src/adapterExtended": PUBLIC | {"src/adapter", "src/impl"},
     "src": PUBLIC | SRC,
-    CODEC: set(),
+    CODEC: {HOST_HEADERS},
     "host": PUBLIC | {CODEC},
     "simulator": PUBLIC | {"host", CODEC},
     "olt": {CODEC},
@@ -56,9 +56,19 @@ CODEC_TARGET = re.compile(r"add_library\(\s*nrvk_omci_codec\b([^)]*)\)")
 
 
 def codec_stems():
-    """Names, without suffix, of the files of the frame codec, which the host shares with the OLT's side."""
-    found = CODEC_TARGET.search((project.SOURCE / "host" / "CMakeLists.txt").read_text())
-    return {PurePosixPath(word).stem for word in found.group(1).split() if word.endswith(".cpp")} if found else set()
+    """Names, without suffix, of the files of the frame codec, which the host shares with the OLT's side.
+
+    Its sources as the build lists them, and those headers without a source of their own that they include.
+    """
+    folder = project.SOURCE / "host"
+    found = CODEC_TARGET.search((folder / "CMakeLists.txt").read_text())
+    stems = {PurePosixPath(word).stem for word in found.group(1).split() if word.endswith(".cpp")} if found else set()
+    for stem in sorted(stems):
+        for path in (folder / f"{stem}.cpp", folder / f"{stem}.h"):
+            if path.exists():
+                stems |= {PurePosixPath(include).stem for _, include in INCLUDE.findall(path.read_text())
+                          if (folder / include).is_file() and not (folder / include).with_suffix(".cpp").exists()}
+    return stems
 
 
 def room_of(path, codec=frozenset()):
