@@ -37,7 +37,7 @@ def owner(name):
 
 def member(name):
     """The member's own name: `test` of `OmciMe::test(OmciFrame*) const`."""
-    return re.split(r"[(<]", without_prefix(name).split("::", 1)[-1])[0]
+    return re.split(r"[(<\[]", without_prefix(name).split("::", 1)[-1])[0]
 
 
 def offered_by(text):
@@ -76,6 +76,7 @@ class NamesOfSymbols(unittest.TestCase):
         self.assertEqual(owner("std::vector<OmciMe*, std::allocator<OmciMe*> >::_M_realloc()"), "std")
         self.assertEqual(member("OmciMe::getAttribute(OmciFrame*) const"), "getAttribute")
         self.assertEqual(member("OmciMe::~OmciMe()"), "~OmciMe")
+        self.assertEqual(member("OmciMe::dumpME[abi:cxx11](unsigned int) const"), "dumpME")
 
     def test_marksOfAHeaderAreFound(self):
         text = ("class Forward;\nextern NRVK_EXPORT void* pointer;\nclass NRVK_EXPORT Whole\n{\n    void run();\n};\n"
