@@ -24,10 +24,10 @@ component_cppcheck() {
     dependencies check
     configure release -DBUILD_TESTING=ON -DNRVK_BENCH=ON
     mkdir -p build/cppcheck
-    # What the compilers check better, and styles that the code base has decided otherwise, are left out.
+    # The contract passes strings and vectors by value; this cppcheck takes a conditional text for an integer.
     cppcheck --quiet --error-exitcode=1 --inline-suppr -j "$JOBS" --cppcheck-build-dir=build/cppcheck \
         --std=c++17 --language=c++ --enable=warning,performance,portability \
-        --suppress=missingIncludeSystem --suppress=unknownMacro --suppress=internalAstError \
+        --suppress=passedByValue --suppress=CastIntegerToAddressAtReturn \
         -DNRVK_EXPORT= -Ipublicapi/omci_host -Ipublicapi/ont_omci_managed_entity -Isrc -I. \
         src host simulator olt
 }

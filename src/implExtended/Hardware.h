@@ -12,7 +12,8 @@ inline OmciHardwareIfc* hardware()
     return OmciManagedEntityRegistrar::getInstance()->getOmciHardwareIfc();
 }
 
-/// The same, with "Detected NULL pointer" at level 3 in the caller's name when there is none: the caller then skips its call.
+/// The same, with "Detected NULL pointer" at level 3 in the caller's name when there is none: the caller then skips its
+/// call.
 OmciHardwareIfc* hardwareOrLog(const char* function = __builtin_FUNCTION(), const char* file = __builtin_FILE(),
                                unsigned int line = __builtin_LINE());
 
