@@ -35,7 +35,7 @@ component_cppcheck() {
 # Files that the last commits have changed come first, so that the time goes where the work is; the rest follows while
 # there is time left.
 component_tidy() {
-    local base files begin=$SECONDS checked=0 file status=0
+    local base files outcome="$ROOT/build/tidy" begin=$SECONDS
     dependencies build run test check
     configure release -DBUILD_TESTING=ON -DNRVK_BENCH=ON
     build release
@@ -44,14 +44,17 @@ component_tidy() {
         base="$(git rev-list --max-count=20 HEAD | tail -n 1)"
     fi
     files="$({ handwritten_files "$base"; handwritten_files; } | grep '\.cpp$' | awk '!seen[$0]++' | in_compile_commands)"
-    [[ -n "$files" ]] || { echo "nothing to check"; return 0; }
-    while read -r file; do
-        if ((SECONDS - begin > CLANG_TIDY_SECONDS)); then break; fi
-        checked=$((checked + 1))
-        clang-tidy-14 --quiet -p build/release "$file" 2>/dev/null || { status=1; echo "tidy: $file" >&2; }
-    done <<<"$files"
-    echo "clang-tidy: $checked of $(wc -l <<<"$files") files in $((SECONDS - begin)) s"
-    return "$status"
+    [[ -n "$files" ]] || fail "no files to check"
+    rm -rf "$outcome"
+    mkdir -p "$outcome"
+    # One file of findings for each source; SIGTERM at the end of the time leaves the finished ones.
+    timeout "$CLANG_TIDY_SECONDS" xargs -P "$JOBS" -I {} bash -c \
+        'name="$2/${1//\//_}"; clang-tidy-14 --quiet -p build/release "$1" >"$name.running" 2>/dev/null || touch "$name.failed"
+         mv "$name.running" "$name.done"' tidy {} "$outcome" <<<"$files" || [[ $? == 124 ]] || fail "clang-tidy did not run"
+    # A header's finding comes once with each source that includes it.
+    cat "$outcome"/*.done | awk '!/(error|warning):/ || !seen[$0]++'
+    echo "clang-tidy: $(find "$outcome" -name '*.done' | wc -l) of $(wc -l <<<"$files") files in $((SECONDS - begin)) s"
+    [[ -z "$(find "$outcome" -name '*.failed')" ]]
 }
 
 # Passes on those names that the build compiles.
