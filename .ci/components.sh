@@ -48,6 +48,7 @@ component_tidy() {
     rm -rf "$outcome"
     mkdir -p "$outcome"
     # One file of findings for each source; SIGTERM at the end of the time leaves the finished ones.
+    # shellcheck disable=SC2016  # the inner shell expands
     timeout "$CLANG_TIDY_SECONDS" xargs -P "$JOBS" -I {} bash -c \
         'name="$2/${1//\//_}"; clang-tidy-14 --quiet -p build/release "$1" >"$name.running" 2>/dev/null || touch "$name.failed"
          mv "$name.running" "$name.done"' tidy {} "$outcome" <<<"$files" || [[ $? == 124 ]] || fail "clang-tidy did not run"
