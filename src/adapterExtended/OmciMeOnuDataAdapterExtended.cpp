@@ -8,7 +8,7 @@
 #include "OmciMeFactory.h"
 #include "OmciMeOnuDataIf.h"
 #include "impl/Log.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 std::atomic<unsigned char> OmciMeOnuDataAdapterExtended::m_GetAllAlarmsInProgress{0};
 std::atomic<unsigned char> OmciMeOnuDataAdapterExtended::m_MibUploadInProgress{0};

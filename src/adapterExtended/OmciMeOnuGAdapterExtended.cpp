@@ -4,7 +4,7 @@
 #include "adapterExtended/SelfTest.h"
 #include "impl/Log.h"
 #include "impl/Shell.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 namespace {
 

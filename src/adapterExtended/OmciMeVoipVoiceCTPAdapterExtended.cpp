@@ -2,7 +2,7 @@
 
 #include "OmciMeVoipVoiceCTPIf.h"
 #include "impl/Log.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 namespace {
 

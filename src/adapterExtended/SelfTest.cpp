@@ -2,7 +2,7 @@
 
 #include "OmciFrame.h"
 #include "impl/Log.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 int nrvk::startSelfTest(const SelfTest& test, OmciFrame* frame)
 {

@@ -6,7 +6,7 @@
 #include "OmciFrame.h"
 #include "adapterExtended/OmciMeSoftwareImageAdapterExtended.h"
 #include "impl/Log.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 namespace {
 

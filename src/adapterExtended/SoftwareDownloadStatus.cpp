@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "impl/Log.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 using Adapter = OmciMeSoftwareImageAdapterExtended;
 

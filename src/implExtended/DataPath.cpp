@@ -1,6 +1,6 @@
 #include "implExtended/DataPath.h"
 
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 namespace nrvk {
 

@@ -1,7 +1,7 @@
 #include "implExtended/OmciMeAniGImplExtended.h"
 
 #include "impl/Log.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 unsigned short OmciMeAniGImplExtended::getOpticalSignalLevel(EnumOmciAction /*action*/) const
 {

@@ -7,7 +7,7 @@
 #include "impl/Log.h"
 #include "implExtended/DataPath.h"
 #include "implExtended/EvcMapping.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 #include "implExtended/VlanRuleClassification.h"
 #include "implExtended/VlanTaggingRow.h"
 

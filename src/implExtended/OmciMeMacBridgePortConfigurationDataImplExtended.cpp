@@ -6,7 +6,7 @@
 #include "OmciMePptpEthernetUniIf.h"
 #include "impl/Log.h"
 #include "implExtended/DataPath.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 int OmciMeMacBridgePortConfigurationDataImplExtended::createOmciMeInstance(unsigned short instance)
 {

@@ -4,7 +4,7 @@
 
 #include "impl/Log.h"
 #include "implExtended/DataPath.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 namespace {
 

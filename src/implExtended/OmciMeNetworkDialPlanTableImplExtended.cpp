@@ -1,6 +1,6 @@
 #include "implExtended/OmciMeNetworkDialPlanTableImplExtended.h"
 
-#include "implExtended/HexText.h"
+#include "impl/HexText.h"
 
 namespace {
 
@@ -34,7 +34,7 @@ int OmciMeNetworkDialPlanTableImplExtended::setDialPlanFormat(unsigned char valu
 int OmciMeNetworkDialPlanTableImplExtended::setDialPlanTable(const unsigned char* value)
 {
     const Row row = nrvk::tableRow<30>(value);
-    NRVK_LOG(6, "Row(%s)", nrvk::HexText<sizeof row>(row.data()).text());
+    NRVK_LOG(6, "Row(%s)", nrvk::HexText(row.data(), row.size()).get());
     m_Rows.push_back(row);
     return OmciMeNetworkDialPlanTableImpl::setDialPlanTable(value);
 }

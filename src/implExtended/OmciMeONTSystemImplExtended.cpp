@@ -3,7 +3,7 @@
 #include <ctime>
 
 #include "impl/Log.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 namespace {
 

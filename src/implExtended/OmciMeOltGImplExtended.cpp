@@ -4,7 +4,7 @@
 
 #include "OmciManagedEntitiesCore.h"
 #include "impl/Log.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 namespace {
 

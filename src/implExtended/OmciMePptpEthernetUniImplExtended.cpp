@@ -4,7 +4,7 @@
 #include "implExtended/AdministrativeState.h"
 #include "implExtended/DataPath.h"
 #include "implExtended/EthernetConfigInd.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "impl/Log.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 OmciMeSipUserDataImplExtended::OmciMeSipUserDataImplExtended(unsigned short instance, bool createdByOlt)
     : OmciMeSipUserDataImpl(instance, createdByOlt), m_LastSet{m_SipAgentPointer,

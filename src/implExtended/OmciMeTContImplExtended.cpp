@@ -1,7 +1,7 @@
 #include "implExtended/OmciMeTContImplExtended.h"
 
 #include "impl/Log.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 namespace {
 

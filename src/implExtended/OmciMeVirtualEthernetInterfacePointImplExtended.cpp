@@ -2,7 +2,7 @@
 
 #include "impl/Log.h"
 #include "implExtended/AdministrativeState.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 int OmciMeVirtualEthernetInterfacePointImplExtended::setAdministrativeState(unsigned char value)
 {

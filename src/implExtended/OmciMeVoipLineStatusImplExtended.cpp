@@ -1,6 +1,6 @@
 #include "implExtended/OmciMeVoipLineStatusImplExtended.h"
 
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 void OmciMeVoipLineStatusImplExtended::refresh(EnumOmciAction action) const
 {

@@ -1,6 +1,6 @@
 #include "implExtended/OmciMeVoipMediaProfileImplExtended.h"
 
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 #include "implExtended/Refusal.h"
 
 using Impl = OmciMeVoipMediaProfileImpl;

@@ -3,7 +3,7 @@
 
 #include <atomic>
 
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 namespace nrvk {
 

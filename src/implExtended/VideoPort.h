@@ -3,7 +3,7 @@
 
 #include "impl/Log.h"
 #include "implExtended/AdministrativeState.h"
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 #include "implExtended/NoHardware.h"
 
 namespace nrvk {

@@ -1,4 +1,4 @@
-#include "implExtended/Hardware.h"
+#include "impl/Hardware.h"
 
 #include "impl/Log.h"
 

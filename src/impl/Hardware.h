@@ -1,5 +1,5 @@
-#ifndef NRVK_IMPL_EXTENDED_HARDWARE_H
-#define NRVK_IMPL_EXTENDED_HARDWARE_H
+#ifndef NRVK_IMPL_HARDWARE_H
+#define NRVK_IMPL_HARDWARE_H
 
 #include "OmciHardwareIfc.h"
 #include "OmciManagedEntityRegistrar.h"
