@@ -37,11 +37,11 @@ public:
     /// @name For the hardware layer, during its provision operations
     /// @{
     /// Copies the newest rule; nothing for a null pointer or an empty table.
-    NRVK_EXPORT void getRecVlanTagFilData(RecVlanTagFilData* out) const;
+    void getRecVlanTagFilData(RecVlanTagFilData* out) const;
     /// Fills the container with the row decoded last, classified. 1, or 0 when there is no container or no row.
-    NRVK_EXPORT int parseReceivedFrameVlanTaggingOperationTable(ExtendedVlanTaggingRuleContainer* container) const;
+    int parseReceivedFrameVlanTaggingOperationTable(ExtendedVlanTaggingRuleContainer* container) const;
     /// Has the rule's EVC and EVC map provisioned; the hardware operation's result, or 0 without one.
-    NRVK_EXPORT unsigned int sendEvcAndEvcMapToTmb(const RecVlanTagFilData& frame, bool request) const;
+    unsigned int sendEvcAndEvcMapToTmb(const RecVlanTagFilData& frame, bool request) const;
     /// @}
 
 private:

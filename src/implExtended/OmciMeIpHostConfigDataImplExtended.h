@@ -1,7 +1,6 @@
 #ifndef NRVK_IMPL_EXTENDED_OMCIMEIPHOSTCONFIGDATAIMPLEXTENDED_H
 #define NRVK_IMPL_EXTENDED_OMCIMEIPHOSTCONFIGDATAIMPLEXTENDED_H
 
-#include "Export.h"
 #include "OmciHardwareIfc.h"
 #include "impl/OmciMeIpHostConfigDataImpl.h"
 
@@ -28,7 +27,7 @@ public:
 
     /// The host's way to redo the layer-2 binding; provisions the bridge port without a look at the addresses. Nothing
     /// in the library calls it.
-    NRVK_EXPORT void layer2Provisioning();
+    void layer2Provisioning();
 
 private:
     bool hasWhatStaticAddressingNeeds() const;

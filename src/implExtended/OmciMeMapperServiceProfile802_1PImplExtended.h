@@ -29,7 +29,7 @@ public:
 
     /// For the hardware layer: the interworking TP that the p-bit, 0 to 7, had before the Set being applied. 65535, no
     /// TP, for a p-bit above 7 and outside of an apply; 0 during an apply for a p-bit that the Set did not touch.
-    NRVK_EXPORT unsigned short getOldInterworkingTpForPbit(unsigned short pbit) const;
+    unsigned short getOldInterworkingTpForPbit(unsigned short pbit) const;
 
     /// Provisions the mapper when a p-bit went from no TP to a TP, or when a DSCP mapping came that is not all zero;
     /// removes its interworking TPs otherwise. Always 0.

@@ -9,6 +9,7 @@ import project
 # The export mark stands before a class, which offers all of it, or before a member or a variable.
 CLASS = re.compile(r"^(?:class|struct)\s+(NRVK_EXPORT\s+)?(\w+)(?![\w;])[^;]*$")
 EXPORTED_MEMBER = re.compile(r"^\s+NRVK_EXPORT\s.*?([~\w]+)\(")
+EXPORTED_FUNCTION = re.compile(r"^NRVK_EXPORT\s.*?(\w+)\(", re.MULTILINE | re.DOTALL)
 EXPORTED_VARIABLE = re.compile(r"^extern\s+NRVK_EXPORT\s.*?(\w+);")
 COMPILER_MADE = ("typeinfo for ", "typeinfo name for ", "vtable for ", "VTT for ", "guard variable for ",
                  "non-virtual thunk to ", "virtual thunk to ")
@@ -42,7 +43,8 @@ def member(name):
 
 def offered_by(text):
     """What a header marks: whole classes and variables by name, single members as (class, member)."""
-    found, current = set(), None
+    # Free functions stand in the library's namespace.
+    found, current = {("nrvk", name) for name in EXPORTED_FUNCTION.findall(text)}, None
     for line in text.splitlines():
         if match := CLASS.match(line):
             current = match.group(2)
@@ -82,6 +84,10 @@ class NamesOfSymbols(unittest.TestCase):
         text = ("class Forward;\nextern NRVK_EXPORT void* pointer;\nclass NRVK_EXPORT Whole\n{\n    void run();\n};\n"
                 "class Part : public Base\n{\n    NRVK_EXPORT static Part* create(int id);\n    void hidden();\n};\n")
         self.assertEqual(offered_by(text), {"pointer", "Whole", ("Part", "create")})
+
+    def test_markedFunctionsOfTheNamespaceAreFound(self):
+        text = "namespace nrvk {\n\nNRVK_EXPORT int\nrun(int speed);\nNRVK_EXPORT void stop();\nvoid hidden();\n\n}\n"
+        self.assertEqual(offered_by(text), {("nrvk", "run"), ("nrvk", "stop")})
 
     def test_versionsAreCutOff(self):
         kinds = elf.parse("                 U operator new(unsigned long)@GLIBCXX_3.4\n"

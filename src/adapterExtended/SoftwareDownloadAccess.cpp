@@ -1,0 +1,22 @@
+#include "SoftwareDownloadAccess.h"
+
+#include "adapterExtended/OmciMeSoftwareImageAdapterExtended.h"
+
+namespace nrvk {
+
+int updateSoftwareDownloadStatus(unsigned short status)
+{
+    return OmciMeSoftwareImageAdapterExtended::updateSoftwareDownloadStatus(status);
+}
+
+unsigned short getSoftwareDownloadStatus()
+{
+    return OmciMeSoftwareImageAdapterExtended::getSoftwareDownloadStatus();
+}
+
+void updateDownloadStartedFlag(unsigned char started)
+{
+    OmciMeSoftwareImageAdapterExtended::updateDownloadStartedFlag(started);
+}
+
+}  // namespace nrvk
