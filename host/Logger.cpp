@@ -18,6 +18,14 @@ namespace {
 constexpr int kDirectIds = 256;
 constexpr unsigned char kEveryLevel = 255;
 
+/// Loggers of small ids, found without a lock: every log line of the library asks for its own.
+std::array<std::atomic<Logger*>, kDirectIds> directLoggers{};
+
+bool isDirect(int id)
+{
+    return id >= 0 && id < kDirectIds;
+}
+
 /// The one back end of all Loggers. Never destroyed: libraries log from static destructors.
 spdlog::logger& backEnd()
 {
@@ -60,28 +68,28 @@ void omci::setLogSink(std::shared_ptr<spdlog::sinks::sink> sink)
 Logger::Logger(int id) : m_Id(id)
 {}
 
-Logger* Logger::getInstance(int id)
+Logger* Logger::makeInstance(int id)
 {
-    static std::array<std::atomic<Logger*>, kDirectIds> direct{};
     static std::mutex mutex;
     static auto* const loggers = new std::map<int, Logger*>;
-
-    const bool isDirect = id >= 0 && id < kDirectIds;
-    if (isDirect) {
-        Logger* const known = direct[static_cast<std::size_t>(id)].load(std::memory_order_acquire);
-        if (known != nullptr) {
-            return known;
-        }
-    }
     const std::lock_guard lock(mutex);
     Logger*& logger = (*loggers)[id];
     if (logger == nullptr) {
         logger = new Logger(id);
     }
-    if (isDirect) {
-        direct[static_cast<std::size_t>(id)].store(logger, std::memory_order_release);
+    if (isDirect(id)) {
+        directLoggers[static_cast<std::size_t>(id)].store(logger, std::memory_order_release);
     }
     return logger;
+}
+
+Logger* Logger::getInstance(int id)
+{
+    Logger* known = nullptr;
+    if (isDirect(id)) {
+        known = directLoggers[static_cast<std::size_t>(id)].load(std::memory_order_acquire);
+    }
+    return known != nullptr ? known : makeInstance(id);
 }
 
 void Logger::setLevel(unsigned char level)
@@ -109,15 +117,21 @@ void Logger::writeToLog(signed char /*reserved*/, const std::string& function, c
     if (level > m_FormatLevel.load(std::memory_order_relaxed)) {
         return;
     }
+    va_list arguments;
+    va_start(arguments, format);
+    writeLine(function, file, line, level, format, arguments);
+    va_end(arguments);
+}
+
+void Logger::writeLine(const std::string& function, const std::string& file, unsigned int line, unsigned char level,
+                       const char* format, va_list arguments)
+{
     std::array<char, 512> shortText;
     std::vector<char> longText;
     const char* text = shortText.data();
-    va_list arguments;
-    va_start(arguments, format);
     va_list again;
     va_copy(again, arguments);
     const int length = std::vsnprintf(shortText.data(), shortText.size(), format, arguments);
-    va_end(arguments);
     if (length < 0) {
         text = format;
     } else if (static_cast<std::size_t>(length) >= shortText.size()) {

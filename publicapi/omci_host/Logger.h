@@ -2,6 +2,7 @@
 #define OMCI_HOST_LOGGER_H
 
 #include <atomic>
+#include <cstdarg>
 #include <string>
 
 /// Receives every log line of the library. Levels are syslog numbers: 2 critical, 3 error, 4 warning, 5 notice,
@@ -35,6 +36,11 @@ public:
 
 private:
     explicit Logger(int id);
+
+    /// Out of line on purpose, both: what is called for every dropped line stays short.
+    [[gnu::noinline]] static Logger* makeInstance(int id);
+    [[gnu::noinline]] void writeLine(const std::string& function, const std::string& file, unsigned int line,
+                                     unsigned char level, const char* format, va_list arguments);
 
     int m_Id;
     std::atomic<unsigned char> m_Level{6};
