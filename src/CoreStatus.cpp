@@ -9,6 +9,7 @@
 #include "OmciMe.h"
 #include "OmciMeFactory.h"
 #include "impl/Log.h"
+#include "implExtended/EthernetConfigInd.h"
 
 namespace {
 
@@ -31,25 +32,6 @@ template <typename T>
 int update(unsigned short classId, unsigned short instance, unsigned short attributeMask, T value)
 {
     return OmciManagedEntityRegistrar::getInstance()->updateManagedEntity(classId, instance, attributeMask, value);
-}
-
-/// ConfigInd of PPTP Ethernet UNI: 0 where G.988 has no code.
-unsigned char configurationIndication(unsigned short speed, unsigned char mode)
-{
-    struct Code
-    {
-        unsigned short speed;
-        unsigned char halfDuplex;
-        unsigned char fullDuplex;
-    };
-    static constexpr std::array<Code, 6> codes = {
-        {{10, 17, 1}, {100, 18, 2}, {1000, 19, 3}, {2500, 0, 5}, {5000, 0, 6}, {10000, 0, 4}}};
-    for (const Code& code : codes) {
-        if (code.speed == speed && mode <= 1) {
-            return mode == 1 ? code.fullDuplex : code.halfDuplex;
-        }
-    }
-    return 0;
 }
 
 unsigned short twdmChannelInstance(unsigned char channel)
@@ -76,7 +58,7 @@ int OmciManagedEntitiesCore::updatePptpEthernetUniMEOperStateSpeedMode(unsigned 
     NRVK_LOG(6, "Instance(%hu); Operational state(%hhu); Speed(%hu); Mode(%hhu)", instance, operationalState, speed,
              mode);
     int result = update(kPptpEthernetUniClass, instance, 0x400, operationalState);
-    result += update(kPptpEthernetUniClass, instance, 0x200, configurationIndication(speed, mode));
+    result += update(kPptpEthernetUniClass, instance, 0x200, nrvk::ethernetConfigInd(speed, mode));
     if (result != 0) {
         NRVK_LOG(4, "Failed to update one or more attributes");
         return -1;
