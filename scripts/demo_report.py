@@ -4,12 +4,12 @@ import argparse
 import json
 import struct
 import sys
-from collections import Counter
 from pathlib import Path
 
 PCAP_HEADER = 24
 ETHERNET_HEADER = 14
 DEVICE_ID_BASELINE = 0x0A
+REPORT_OF_CHANGE = "sendAttributeValueChange"
 
 
 def entities(path):
@@ -28,17 +28,10 @@ def frames(path):
         place += 16 + length
 
 
-def class_name(entity):
-    return str(entity.get("name") or entity["class"])
-
-
 def show_mib(folder, nanoseconds):
     baseline, extended = entities(folder / "baseline.json"), entities(folder / "extended.json")
-    counts = Counter((entity["class"], class_name(entity)) for entity in baseline)
-    print(f"{'class':>7}  {'entities':>8}  name")
-    for (number, name), count in sorted(counts.items()):
-        print(f"{number:>7}  {count:>8}  {name}")
-    print(f"{len(baseline)} entities of {len(counts)} classes in {nanoseconds / 1e9:.3f} s")
+    print(f"{len(baseline)} entities of {len({entity['class'] for entity in baseline})} classes, "
+          f"uploaded in {nanoseconds / 1e9:.2f} s")
     total = {True: [0, 0], False: [0, 0]}
     for frame in frames(folder / "omci.pcap"):
         is_baseline = len(frame) > 3 and frame[3] == DEVICE_ID_BASELINE
@@ -52,10 +45,12 @@ def show_mib(folder, nanoseconds):
 
 
 def show_hardware(folder):
+    """Every call but the attribute value changes, which come in dozens when the start-up values are written."""
     lines = [json.loads(line) for line in (folder / "hardware.jsonl").read_text().splitlines()]
-    for line in lines:
+    others = [line for line in lines if line["call"] != REPORT_OF_CHANGE]
+    for line in others:
         print(f"{line['n']:>8}  {line['call']}({', '.join(json.dumps(argument) for argument in line['args'])})")
-    print(f"{len(lines)} calls")
+    print(f"{len(others)} calls, and {len(lines) - len(others)} of {REPORT_OF_CHANGE}")
 
 
 def main():
