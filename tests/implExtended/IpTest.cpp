@@ -37,8 +37,6 @@ protected:
         port = OmciMeMacBridgePortConfigurationDataIf::createManagedEntityInstance(0x0301, true);
     }
 
-    void TearDown() override { OmciMeMacBridgePortConfigurationDataIf::deleteManagedEntityInstance(0x0301, true); }
-
     static int apply() { return adapter(kIpHost).applyConfigurationToHardwareForSet(kHost); }
 
     static OmciMeIpHostConfigDataImplExtended& host()

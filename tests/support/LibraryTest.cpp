@@ -128,6 +128,7 @@ void registerMib(const OmciManagedEntitiesCore& core)
     OmciManagedEntityRegistrar* registrar = OmciManagedEntityRegistrar::getInstance();
     registrar->setSupportedManagedEntities(managedEntities);
     registrar->registerSupportedManagedEntities();
+    Sandbox::clearCommands();  // what the start itself asked of the shell is no test's business
 }
 
 }  // namespace
