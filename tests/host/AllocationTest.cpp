@@ -1,6 +1,6 @@
 // A get and a set through the dispatcher allocate nothing once warm.
 
-#include "AllocationCounter.h"
+#include "tests/support/AllocationCounter.h"
 #include "DispatcherFixture.h"
 
 using namespace omci;
