@@ -13,10 +13,11 @@ const char* const kValueHelp =
     "and hexadecimal digits or as text (text: in front forces text), filled with zeros at the end; addresses as\n"
     "10.0.0.1, fe80::1 and 00:11:22:33:44:55, serial numbers as ABCD12345678.";
 
-void EntityArguments::declare(CLI::App& app)
+void EntityArguments::declare(Options& options)
 {
-    app.add_option("CLASS", m_Class, "Class by name (AniG, \"ANI-G\", OmciMeAniG) or number (263)")->required();
-    app.add_option("INSTANCE", m_Instance, "Instance, 0 to 65535, decimal or 0x")->required();
+    using Need = Options::Need;
+    options.positional("CLASS", m_Class, "Class by name (AniG, \"ANI-G\", OmciMeAniG) or number (263)", Need::Required);
+    options.positional("INSTANCE", m_Instance, "Instance, 0 to 65535, decimal or 0x", Need::Required);
 }
 
 EntityId EntityArguments::resolve(const Catalogue& catalogue) const

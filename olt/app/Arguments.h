@@ -1,10 +1,10 @@
 #ifndef OLT_APP_ARGUMENTS_H
 #define OLT_APP_ARGUMENTS_H
 
-#include <CLI/CLI.hpp>
 #include <string>
 #include <vector>
 
+#include "app/Options.h"
 #include "session/Operations.h"
 
 namespace olt {
@@ -13,7 +13,7 @@ namespace olt {
 class EntityArguments
 {
 public:
-    void declare(CLI::App& app);
+    void declare(Options& options);
     /// Throws UsageError.
     [[nodiscard]] EntityId resolve(const Catalogue& catalogue) const;
 

@@ -1,26 +1,26 @@
 #ifndef OLT_APP_COMMAND_H
 #define OLT_APP_COMMAND_H
 
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "app/Context.h"
+#include "app/Options.h"
 #include "model/Errors.h"
 
 namespace olt {
 
 /// One command of the tool. A new command is one file in commands/: a class derived from this and a registration.
 ///
-/// The order is declare, parse (by CLI11), prepare, run; a script prepares all of its lines before it runs the first.
+/// The order is declare, parse, prepare, run; a script prepares all of its lines before it runs the first.
 class Command
 {
 public:
     virtual ~Command() = default;
 
     /// Binds options and positionals to members.
-    virtual void declare(CLI::App& app) = 0;
+    virtual void declare(Options& options) = 0;
 
     /// Turns texts into classes, attributes and values. Throws UsageError; sends nothing.
     virtual void prepare(Context& context) { static_cast<void>(context); }

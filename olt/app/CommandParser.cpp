@@ -1,5 +1,6 @@
 #include "app/CommandParser.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
 #include "model/Names.h"
@@ -33,7 +34,8 @@ CommandParser::CommandParser(CLI::App& app) : m_App(app)
         sub->group(groupTitle(entry.group));
         sub->footer(entry.details);
         auto command = entry.make();
-        command->declare(*sub);
+        Options options(*sub);
+        command->declare(options);
         // CLI11 ends a program's help with a newline, a command's it doesn't.
         sub->footer(sub->get_footer() + "\n");
         m_Commands.emplace(sub, std::move(command));

@@ -1,13 +1,17 @@
 #ifndef OLT_APP_COMMAND_PARSER_H
 #define OLT_APP_COMMAND_PARSER_H
 
-#include <CLI/CLI.hpp>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "app/Command.h"
+
+namespace CLI {
+class App;
+class ParseError;
+}  // namespace CLI
 
 namespace olt {
 

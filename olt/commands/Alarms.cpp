@@ -10,9 +10,9 @@ namespace {
 class Alarms : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        app.add_flag("--without-arc", m_WithoutArc, "Leave out entities under alarm reporting control");
+        options.flag("--without-arc", m_WithoutArc, "Leave out entities under alarm reporting control");
     }
 
     ExitCode run(Context& context) override

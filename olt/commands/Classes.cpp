@@ -42,9 +42,10 @@ std::string accessText(const Attribute& attribute)
 class Classes : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        app.add_option("CLASS", m_Class, "A class by name or number; all classes when left out");
+        options.positional("CLASS", m_Class, "A class by name or number; all classes when left out",
+                           Options::Need::Optional);
     }
 
     ExitCode run(Context& context) override

@@ -9,11 +9,12 @@ namespace {
 class Create : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        m_Target.declare(app);
-        app.add_option("ATTRIBUTE=VALUE", m_Assignments, "Set-by-create attributes and their values");
-        app.footer(app.get_footer() + "\n" + kValueHelp);
+        m_Target.declare(options);
+        options.positionals("ATTRIBUTE=VALUE", m_Assignments, "Set-by-create attributes and their values",
+                            Options::Need::Optional);
+        options.note(kValueHelp);
     }
 
     void prepare(Context& context) override

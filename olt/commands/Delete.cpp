@@ -9,7 +9,7 @@ namespace {
 class Delete : public Command
 {
 public:
-    void declare(CLI::App& app) override { m_Target.declare(app); }
+    void declare(Options& options) override { m_Target.declare(options); }
 
     void prepare(Context& context) override { m_Entity = m_Target.resolve(context.catalogue()); }
 

@@ -15,10 +15,11 @@ class GetCommand : public Command
 public:
     GetCommand(const char* name, omci::MessageType type) : m_Name(name), m_Type(type) {}
 
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        m_Target.declare(app);
-        app.add_option("ATTRIBUTE", m_Names, "Attributes by name or number; all that can be read when left out");
+        m_Target.declare(options);
+        options.positionals("ATTRIBUTE", m_Names, "Attributes by name or number; all that can be read when left out",
+                            Options::Need::Optional);
     }
 
     void prepare(Context& context) override
@@ -28,7 +29,7 @@ public:
         if (!m_Names.empty())
             return;
         for (const auto& attribute : m_Entity.entityClass->attributes) {
-            if ((m_Entity.entityClass->getMask & attribute.mask) != 0)
+            if ((m_Entity.entityClass->readableMask & attribute.mask) != 0)
                 m_Attributes.push_back(&attribute);
         }
     }

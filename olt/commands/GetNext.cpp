@@ -11,10 +11,11 @@ namespace {
 class GetNext : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        m_Target.declare(app);
-        app.add_option("ATTRIBUTE", m_Name, "The table, by name or number; may be left out where there is only one");
+        m_Target.declare(options);
+        options.positional("ATTRIBUTE", m_Name, "The table, by name or number; may be left out where there is only one",
+                           Options::Need::Optional);
     }
 
     void prepare(Context& context) override

@@ -8,7 +8,7 @@ namespace {
 class MibReset : public Command
 {
 public:
-    void declare(CLI::App&) override {}
+    void declare(Options&) override {}
 
     ExitCode run(Context& context) override
     {

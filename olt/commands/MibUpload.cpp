@@ -13,11 +13,10 @@ namespace {
 class MibUpload : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        app.add_option("--save", m_File, "Write the MIB to a file as JSON, in an order that stays the same")
-            ->type_name("FILE");
-        app.add_flag("--all", m_ShowAll, "Show every entity and attribute, not only a summary");
+        options.text("--save", m_File, "Write the MIB to a file as JSON, in an order that stays the same", "FILE");
+        options.flag("--all", m_ShowAll, "Show every entity and attribute, not only a summary");
     }
 
     ExitCode run(Context& context) override

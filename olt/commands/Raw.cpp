@@ -9,11 +9,12 @@ namespace {
 class Raw : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        app.add_option("HEX", m_Text, "The frame as hexadecimal digits; blanks between octets are fine")->required();
-        app.add_flag("--complete", m_Complete, "Add what is missing: padding, trailer and the MIC of --mic");
-        app.add_flag("--no-answer", m_NoAnswer, "Don't wait for an answer");
+        options.positionals("HEX", m_Text, "The frame as hexadecimal digits; blanks between octets are fine",
+                            Options::Need::Required);
+        options.flag("--complete", m_Complete, "Add what is missing: padding, trailer and the MIC of --mic");
+        options.flag("--no-answer", m_NoAnswer, "Don't wait for an answer");
     }
 
     void prepare(Context& context) override

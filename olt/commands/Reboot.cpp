@@ -8,10 +8,10 @@ namespace {
 class Reboot : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        app.add_option("--unless", m_Unless, "Not during voice calls (calls) or emergency calls (emergency)")
-            ->check(CLI::IsMember({"calls", "emergency"}));
+        options.choice("--unless", m_Unless, "Not during voice calls (calls) or emergency calls (emergency)",
+                       {"calls", "emergency"});
     }
 
     ExitCode run(Context& context) override

@@ -1,3 +1,5 @@
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <iostream>
 
@@ -11,10 +13,10 @@ namespace {
 class Run : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        app.add_option("FILE", m_File, "The script; - for standard input")->required();
-        app.add_flag("--keep-going", m_KeepGoing,
+        options.positional("FILE", m_File, "The script; - for standard input", Options::Need::Required);
+        options.flag("--keep-going", m_KeepGoing,
                      "Go on after a failure; the first failure's exit code is the script's");
     }
 

@@ -9,11 +9,12 @@ namespace {
 class Set : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        m_Target.declare(app);
-        app.add_option("ATTRIBUTE=VALUE", m_Assignments, "Attributes and their new values")->required();
-        app.footer(app.get_footer() + "\n" + kValueHelp);
+        m_Target.declare(options);
+        options.positionals("ATTRIBUTE=VALUE", m_Assignments, "Attributes and their new values",
+                            Options::Need::Required);
+        options.note(kValueHelp);
     }
 
     void prepare(Context& context) override

@@ -10,11 +10,12 @@ namespace {
 class SetTable : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        m_Target.declare(app);
-        app.add_option("ATTRIBUTE", m_Name, "The table, by name or number")->required();
-        app.add_option("ROW", m_RowTexts, "Whole rows, as 0x and hexadecimal digits or as text")->required();
+        m_Target.declare(options);
+        options.positional("ATTRIBUTE", m_Name, "The table, by name or number", Options::Need::Required);
+        options.positionals("ROW", m_RowTexts, "Whole rows, as 0x and hexadecimal digits or as text",
+                            Options::Need::Required);
     }
 
     void prepare(Context& context) override

@@ -24,10 +24,9 @@ std::tm timeOf(const std::string& text)
 class SyncTime : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        app.add_option("--time", m_Text, "This time (UTC) instead of the present one")
-            ->type_name("\"YYYY-MM-DD HH:MM:SS\"");
+        options.text("--time", m_Text, "This time (UTC) instead of the present one", "\"YYYY-MM-DD HH:MM:SS\"");
     }
 
     void prepare(Context&) override { static_cast<void>(timeOf(m_Text)); }

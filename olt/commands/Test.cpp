@@ -12,15 +12,11 @@ constexpr unsigned kSelfTest = 7;
 class Test : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        m_Target.declare(app);
-        app.add_option("--selector", m_Selector, "Which test; 7 is the self-test")
-            ->check(CLI::Range(0U, 255U))
-            ->capture_default_str();
-        app.add_option("--wait", m_Wait, "Seconds to wait for the test result message; 0: don't")
-            ->check(CLI::Range(0.0, 86400.0))
-            ->capture_default_str();
+        m_Target.declare(options);
+        options.number("--selector", m_Selector, "Which test; 7 is the self-test", {0, 255});
+        options.number("--wait", m_Wait, "Seconds to wait for the test result message; 0: don't", {0.0, 86400.0});
     }
 
     void prepare(Context& context) override { m_Entity = m_Target.resolve(context.catalogue()); }
@@ -35,7 +31,7 @@ public:
         const auto result = awaitResult(session);
         if (!result)
             throw Unreachable("the test of " + entityLabel(m_Entity) +
-                              " was accepted, but no test result came within " + CLI::detail::to_string(m_Wait) + " s");
+                              " was accepted, but no test result came within " + Output::Json(m_Wait).dump() + " s");
         print(context.output(), outcome, describe(context.catalogue(), result->view()));
         return ExitCode::Success;
     }

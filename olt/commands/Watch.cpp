@@ -34,16 +34,12 @@ Style styleOf(const Description& description)
 class Watch : public Command
 {
 public:
-    void declare(CLI::App& app) override
+    void declare(Options& options) override
     {
-        app.add_option("--count", m_Count, "End after so many messages; 0: never")->capture_default_str();
-        app.add_option("--for", m_Seconds, "End after so many seconds; 0: never")
-            ->check(CLI::Range(0.0, 1e6))
-            ->capture_default_str();
-        app.add_option("--poll", m_Poll, "Seconds between gets that keep this program the ONU's OLT")
-            ->check(CLI::Range(0.1, 3600.0))
-            ->capture_default_str();
-        app.add_flag("--mib-upload", m_Upload, "Upload the MIB first: before that ONUs report nothing");
+        options.number("--count", m_Count, "End after so many messages; 0: never", {0, 1'000'000'000});
+        options.number("--for", m_Seconds, "End after so many seconds; 0: never", {0.0, 1e6});
+        options.number("--poll", m_Poll, "Seconds between gets that keep this program the ONU's OLT", {0.1, 3600.0});
+        options.flag("--mib-upload", m_Upload, "Upload the MIB first: before that ONUs report nothing");
     }
 
     ExitCode run(Context& context) override

@@ -80,14 +80,12 @@ EntityClass readClass(const json& object)
     entity.id = object.at("class").get<std::uint16_t>();
     entity.shortName = object.at("short_name").get<std::string>();
     entity.title = object.at("entity").get<std::string>();
-    entity.getNextMask = object.at("get_next_mask").get<std::uint16_t>();
-    std::uint16_t defined = 0;
     for (const auto& attribute : object.at("attributes")) {
         entity.attributes.push_back(readAttribute(attribute));
-        if (attribute.value("has_definition", true))
-            defined = static_cast<std::uint16_t>(defined | entity.attributes.back().mask);
+        const bool defined = attribute.at("has_definition").get<bool>();
+        if (defined && entity.attributes.back().readable)
+            entity.readableMask = static_cast<std::uint16_t>(entity.readableMask | entity.attributes.back().mask);
     }
-    entity.getMask = static_cast<std::uint16_t>(object.at("get_mask").get<std::uint16_t>() & defined);
     return entity;
 }
 
@@ -97,7 +95,7 @@ EntityClass unknownClass(std::uint16_t id)
     entity.id = id;
     entity.shortName = "Class" + std::to_string(id);
     entity.title = "unknown class";
-    entity.getMask = 0xFFFF;
+    entity.readableMask = 0xFFFF;
     entity.known = false;
     for (unsigned number = 1; number <= 16; ++number) {
         Attribute attribute;

@@ -60,8 +60,7 @@ struct EntityClass
     std::uint16_t id = 0;
     std::string shortName;  ///< "AniG"
     std::string title;      ///< The managed entity's title in G.988, "ANI-G".
-    std::uint16_t getMask = 0;
-    std::uint16_t getNextMask = 0;
+    std::uint16_t readableMask = 0;  ///< Attributes that a Get can have. A few classes announce more than that.
     bool known = true;  ///< False for a class that the user gave by a number that no catalogue has.
     std::vector<Attribute> attributes;
 

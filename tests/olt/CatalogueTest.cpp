@@ -67,7 +67,8 @@ TEST(CatalogueAttributes, MasksSizesAndForms)
     const auto& onuG = Catalogue::builtIn().ofNumber(256);
     EXPECT_EQ(onuG.attribute("VendorId").mask, 0x8000);
     EXPECT_EQ(onuG.attribute("SerialNumber").form, Form::SerialNumber);
-    EXPECT_EQ(onuG.getMask, 0xFFF0) << "attribute 13 has no definition and can't be asked for";
+    EXPECT_EQ(onuG.readableMask, 0xFFF0) << "attribute 13 has no definition and can't be asked for";
+    EXPECT_EQ(Catalogue::builtIn().ofNumber(158).readableMask, 0xA000) << "the command can only be written";
     const auto& host = Catalogue::builtIn().ofNumber(134);
     EXPECT_EQ(host.attribute("Mask").form, Form::Ipv4);
     EXPECT_EQ(host.attribute("Current address").form, Form::Ipv4);

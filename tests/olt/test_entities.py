@@ -53,6 +53,12 @@ class GetTest(OltTest):
             self.assertEqual(len(answer["attributes"]), 12)
             self.assertEqual([request.device for request in onu.requests], [EXTENDED])
 
+    def test_write_only_attributes_are_not_asked_for_unnamed(self):
+        with FakeOnu() as onu:
+            onu.add(158, 0)
+            answer = self.json_of(self.olt(onu, "--json", "get", "OnuRemoteDebug", "0"))
+            self.assertEqual(list(answer["attributes"]), ["CommandFormat", "ReplyTable"])
+
     def test_table_attribute_answers_its_size(self):
         with FakeOnu() as onu:
             onu.add(158, 0)
