@@ -58,10 +58,10 @@ struct Attribute
 struct EntityClass
 {
     std::uint16_t id = 0;
-    std::string shortName;  ///< "AniG"
-    std::string title;      ///< The managed entity's title in G.988, "ANI-G".
+    std::string shortName;           ///< "AniG"
+    std::string title;               ///< The managed entity's title in G.988, "ANI-G".
     std::uint16_t readableMask = 0;  ///< Attributes that a Get can have. A few classes announce more than that.
-    bool known = true;  ///< False for a class that the user gave by a number that no catalogue has.
+    bool known = true;               ///< False for a class that the user gave by a number that no catalogue has.
     std::vector<Attribute> attributes;
 
     /// By name in any case and spelling, or by number 1 to 16. Throws UsageError with suggestions.

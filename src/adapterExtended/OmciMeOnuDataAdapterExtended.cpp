@@ -7,8 +7,8 @@
 #include "OmciManagedEntityRegistrar.h"
 #include "OmciMeFactory.h"
 #include "OmciMeOnuDataIf.h"
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 
 std::atomic<unsigned char> OmciMeOnuDataAdapterExtended::m_GetAllAlarmsInProgress{0};
 std::atomic<unsigned char> OmciMeOnuDataAdapterExtended::m_MibUploadInProgress{0};

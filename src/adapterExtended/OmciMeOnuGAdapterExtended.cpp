@@ -2,9 +2,9 @@
 
 #include "OmciFrame.h"
 #include "adapterExtended/SelfTest.h"
+#include "impl/Hardware.h"
 #include "impl/Log.h"
 #include "impl/Shell.h"
-#include "impl/Hardware.h"
 
 namespace {
 

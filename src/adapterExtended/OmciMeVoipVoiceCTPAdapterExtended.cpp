@@ -1,8 +1,8 @@
 #include "adapterExtended/OmciMeVoipVoiceCTPAdapterExtended.h"
 
 #include "OmciMeVoipVoiceCTPIf.h"
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "adapterExtended/SelfTest.h"
 
 #include "OmciFrame.h"
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 
 int nrvk::startSelfTest(const SelfTest& test, OmciFrame* frame)
 {

@@ -5,8 +5,8 @@
 #include "CRC32.h"
 #include "OmciFrame.h"
 #include "adapterExtended/OmciMeSoftwareImageAdapterExtended.h"
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 
 namespace {
 

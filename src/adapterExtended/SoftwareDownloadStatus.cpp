@@ -3,8 +3,8 @@
 
 #include <utility>
 
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 
 using Adapter = OmciMeSoftwareImageAdapterExtended;
 

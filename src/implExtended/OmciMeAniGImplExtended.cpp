@@ -1,7 +1,7 @@
 #include "implExtended/OmciMeAniGImplExtended.h"
 
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 
 unsigned short OmciMeAniGImplExtended::getOpticalSignalLevel(EnumOmciAction /*action*/) const
 {

@@ -4,10 +4,10 @@
 
 #include "OmciMeIpHostConfigDataIf.h"
 #include "OmciMePptpEthernetUniIf.h"
+#include "impl/Hardware.h"
 #include "impl/Log.h"
 #include "implExtended/DataPath.h"
 #include "implExtended/EvcMapping.h"
-#include "impl/Hardware.h"
 #include "implExtended/VlanRuleClassification.h"
 #include "implExtended/VlanTaggingRow.h"
 

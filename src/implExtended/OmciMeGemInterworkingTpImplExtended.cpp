@@ -1,7 +1,7 @@
 #include "implExtended/OmciMeGemInterworkingTpImplExtended.h"
 
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 #include "implExtended/SetByCreateCount.h"
 
 OmciMeGemInterworkingTpImplExtended::OmciMeGemInterworkingTpImplExtended(unsigned short instance, bool createdByOlt)

@@ -4,9 +4,9 @@
 #include "OmciMeMacBridgePortIcmpV6ProcessPreassignTableIf.h"
 #include "OmciMeMapperServiceProfile802_1PIf.h"
 #include "OmciMePptpEthernetUniIf.h"
+#include "impl/Hardware.h"
 #include "impl/Log.h"
 #include "implExtended/DataPath.h"
-#include "impl/Hardware.h"
 
 int OmciMeMacBridgePortConfigurationDataImplExtended::createOmciMeInstance(unsigned short instance)
 {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "impl/Hardware.h"
 #include "impl/Log.h"
 #include "implExtended/DataPath.h"
-#include "impl/Hardware.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "implExtended/OmciMeMulticastGemInterworkingTpImplExtended.h"
 
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 #include "implExtended/SetByCreateCount.h"
 
 OmciMeMulticastGemInterworkingTpImplExtended::OmciMeMulticastGemInterworkingTpImplExtended(unsigned short instance,

@@ -2,8 +2,8 @@
 
 #include <ctime>
 
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 
 namespace {
 

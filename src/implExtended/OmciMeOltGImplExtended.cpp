@@ -3,8 +3,8 @@
 #include <cstring>
 
 #include "OmciManagedEntitiesCore.h"
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 
 namespace {
 

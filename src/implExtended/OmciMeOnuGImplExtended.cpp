@@ -3,8 +3,8 @@
 #include "OmciMeGemInterworkingTpIf.h"
 #include "OmciMeGemPortNetworkCtpIf.h"
 #include "OmciMeMulticastGemInterworkingTpIf.h"
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 
 namespace {
 

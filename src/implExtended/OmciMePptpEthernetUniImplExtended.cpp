@@ -1,10 +1,10 @@
 #include "implExtended/OmciMePptpEthernetUniImplExtended.h"
 
+#include "impl/Hardware.h"
 #include "impl/Log.h"
 #include "implExtended/AdministrativeState.h"
 #include "implExtended/DataPath.h"
 #include "implExtended/EthernetConfigInd.h"
-#include "impl/Hardware.h"
 
 namespace {
 

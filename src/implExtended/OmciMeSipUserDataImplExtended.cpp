@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 
 OmciMeSipUserDataImplExtended::OmciMeSipUserDataImplExtended(unsigned short instance, bool createdByOlt)
     : OmciMeSipUserDataImpl(instance, createdByOlt), m_LastSet{m_SipAgentPointer,

@@ -1,7 +1,7 @@
 #include "implExtended/OmciMeTContImplExtended.h"
 
-#include "impl/Log.h"
 #include "impl/Hardware.h"
+#include "impl/Log.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "implExtended/OmciMeVirtualEthernetInterfacePointImplExtended.h"
 
+#include "impl/Hardware.h"
 #include "impl/Log.h"
 #include "implExtended/AdministrativeState.h"
-#include "impl/Hardware.h"
 
 int OmciMeVirtualEthernetInterfacePointImplExtended::setAdministrativeState(unsigned char value)
 {

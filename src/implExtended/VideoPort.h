@@ -1,9 +1,9 @@
 #ifndef NRVK_IMPL_EXTENDED_VIDEO_PORT_H
 #define NRVK_IMPL_EXTENDED_VIDEO_PORT_H
 
+#include "impl/Hardware.h"
 #include "impl/Log.h"
 #include "implExtended/AdministrativeState.h"
-#include "impl/Hardware.h"
 #include "implExtended/NoHardware.h"
 
 namespace nrvk {

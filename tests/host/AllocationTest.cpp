@@ -1,7 +1,7 @@
 // A get and a set through the dispatcher allocate nothing once warm.
 
-#include "tests/support/AllocationCounter.h"
 #include "DispatcherFixture.h"
+#include "tests/support/AllocationCounter.h"
 
 using namespace omci;
 
