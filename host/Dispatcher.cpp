@@ -140,7 +140,7 @@ Dispatcher::Reply Dispatcher::run(const FrameView& view, const std::uint8_t* byt
     const FrameHeader& header = view.header;
     // Id 0 is no identity: tools that never set one would get stale answers.
     const bool kept = header.acknowledgeRequest && header.transactionId != 0;
-    LastRequest& last = kept ? m_LastRequests[header.transactionId >> 15] : m_LastRequests.back();
+    LastRequest& last = m_LastRequests[kept ? header.transactionId >> 15 : m_LastRequests.size() - 1];
     // Up to the end of the contents: trailer and MIC say nothing that these octets do not.
     const std::size_t significant = static_cast<std::size_t>(view.contents + view.contentsLength - bytes);
     if (kept) {
