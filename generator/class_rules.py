@@ -18,7 +18,7 @@ REQUIRED_KEYS = {
 WORDS = {"created_by": ("onu", "olt"), "uploads": ("mib", "alarms"), "extended": ("impl", "adapter")}
 MASK_LETTERS = {"get_mask": "R", "set_mask": "W", "create_mask": "C", "get_next_mask": "N"}
 ATTRIBUTE_MARKS = ("without_definition", "odd_size", "table_write_mode_1", "stored_count")
-KNOWN_KEYS = {*REQUIRED_KEYS, "clause", *MASK_LETTERS, *ATTRIBUTE_MARKS}
+KNOWN_KEYS = {*REQUIRED_KEYS, "clause", "refreshed_counters", *MASK_LETTERS, *ATTRIBUTE_MARKS}
 
 SHORT_NAME_PATTERN = re.compile(r"[A-Z][A-Za-z0-9_]*")
 CLAUSE_PATTERN = re.compile(r"9(\.[0-9]+)+")
@@ -46,6 +46,7 @@ def read_class(short_name: str, table, family: str, place: Place) -> ManagedEnti
         impl_extended="impl" in table["extended"],
         adapter_extended="adapter" in table["extended"],
         attributes=attributes,
+        refreshed_counters=table.get("refreshed_counters", False),
         **masks,
     )
     _check_whole_class(entity, place)
@@ -82,6 +83,8 @@ def _value_problems(short_name: str, table: dict) -> list[str]:
     for key, words in WORDS.items():
         if table[key] != [word for word in words if word in table[key]]:
             problems.append(f"{key} {table[key]} must be of {', '.join(words)}, in this order, each once")
+    if table.get("refreshed_counters", True) is not True:
+        problems.append("key 'refreshed_counters' must be true or left out")
     attribute_names = [row[0] for row in table["attributes"] if isinstance(row, list) and row]
     for key in ATTRIBUTE_MARKS:
         names = table.get(key, [])
@@ -122,6 +125,8 @@ def _masks_of(table: dict, attributes: tuple[Attribute, ...], place: Place) -> d
 
 
 def _check_whole_class(entity: ManagedEntity, place: Place) -> None:
+    if entity.refreshed_counters:
+        _check_refreshed_counters(entity, place)
     if entity.create_mask and not entity.olt_creatable:
         place.object_to(f"create mask 0x{entity.create_mask:04X}, but created_by lacks \"olt\"")
     uploaded = [attribute for attribute in entity.attributes if "U" in attribute.letters]
@@ -130,3 +135,13 @@ def _check_whole_class(entity: ManagedEntity, place: Place) -> None:
     if not entity.in_mib_upload:
         for attribute in uploaded:
             place.of_attribute(attribute.name).object_to("access U, but the class's uploads lacks \"mib\"")
+
+
+def _check_refreshed_counters(entity: ManagedEntity, place: Place) -> None:
+    if not entity.impl_extended:
+        place.object_to("refreshed_counters, but extended lacks \"impl\", which has the refresh")
+    if entity.attributes[0].name != "IntervalEndTime" or not entity.counters:
+        place.object_to("refreshed_counters is for PM entities: interval end time, thresholds, counters")
+    for attribute in entity.counters:
+        if attribute.letters != "R" or not attribute.is_numeric:
+            place.of_attribute(attribute.name).object_to("refreshed_counters, but this is no counter (a number, access R)")

@@ -125,6 +125,8 @@ CLASS_FILES = (
     ("Adapter.h.j2", "src/adapter/OmciMe{}Adapter.h"),
     ("Adapter.cpp.j2", "src/adapter/OmciMe{}Adapter.cpp"),
 )
+# For classes with refreshed counters only.
+REFRESHED_COUNTERS_FILE = "src/impl/OmciMe{}RefreshedCounters.h"
 
 
 def with_present_roles(catalogue: Catalogue, handwritten: Path) -> tuple[Catalogue, list[str]]:
@@ -154,6 +156,9 @@ def render(catalogue: Catalogue) -> dict[str, str]:
     """The C++ files by their path below the output directory."""
     env = environment(**{function.__name__: function for function in FILTERS})
     files = {}
+    for me in catalogue.classes:
+        if me.refreshed_counters:
+            files[REFRESHED_COUNTERS_FILE.format(me.short_name)] = env.get_template("RefreshedCounters.h.j2").render(me=me)
     for template, path in CLASS_FILES:
         for me in catalogue.classes:
             files[path.format(me.short_name)] = env.get_template(template).render(me=me, bound=me.impl_extended)

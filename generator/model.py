@@ -120,6 +120,13 @@ class ManagedEntity:
     set_mask: int
     create_mask: int
     get_next_mask: int
+    # The getters of the counters ask the hardware layer first.
+    refreshed_counters: bool = False
+
+    @property
+    def counters(self) -> tuple[Attribute, ...]:
+        """Of a PM entity: all after the interval end time and the thresholds or control block."""
+        return self.attributes[2:]
 
     @property
     def onu_creatable(self) -> bool:

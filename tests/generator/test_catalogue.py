@@ -178,6 +178,22 @@ class BrokenCatalogue(unittest.TestCase):
         self.refused('odd_size   = ["Counter"]', 'odd_size = ["Counter"]\ntable_write_mode_1 = ["Offset"]',
                      "things.toml: Other.Offset: table_write_mode_1 is for tables, not for kind s8")
 
+    def test_refreshed_counters_of_a_class_without_behaviour(self):
+        self.refused('odd_size   = ["Counter"]', 'odd_size = ["Counter"]\nrefreshed_counters = true',
+                     'things.toml: Other: refreshed_counters, but extended lacks "impl", which has the refresh',
+                     "things.toml: Other: refreshed_counters is for PM entities: interval end time, thresholds, counters")
+
+    def test_refreshed_counters_of_what_is_no_counter(self):
+        self.change('"Level",     "u8",     1,  "CRWU", 7]', '"IntervalEndTime", "u8", 1, "R", 0]')
+        self.change('Level   = [1, "8"]\n', "")
+        self.change('["Address",   "octets", 4,  "RW"]', '["Address", "octets", 4, "CRWU"]')
+        self.refused('uploads    = ["mib"]', 'uploads = ["mib"]\nrefreshed_counters = true',
+                     "things.toml: Thing.FrameTable: refreshed_counters, but this is no counter (a number, access R)")
+
+    def test_refreshed_counters_is_no_switch(self):
+        self.refused('odd_size   = ["Counter"]', 'odd_size = ["Counter"]\nrefreshed_counters = 1',
+                     "things.toml: Other: key 'refreshed_counters' must be true or left out")
+
     def test_needless_odd_size(self):
         self.refused('"u32",    5', '"u32", 4',
                      "things.toml: Other.Counter: odd_size is needless: the size fits the kind")
