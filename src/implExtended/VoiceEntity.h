@@ -2,29 +2,16 @@
 #define NRVK_IMPL_EXTENDED_VOICE_ENTITY_H
 
 #include "impl/Log.h"
-#include "implExtended/NoHardware.h"
+#include "implExtended/LoggedHooks.h"
 
 namespace nrvk {
 
-/// An entity of the voice service whose hooks call no hardware but log the instance. A class derived from it overrides
-/// the hook, and the setters and getters, that have more to do.
+/// An entity of the voice service: a Set with nothing to apply succeeds, unless the class says otherwise.
 template <typename Impl, int ApplyResult = 0>
-class VoiceEntity : public NoHardware<Impl, ApplyResult>
+class VoiceEntity : public LoggedHooks<Impl, ApplyResult>
 {
 public:
-    using NoHardware<Impl, ApplyResult>::NoHardware;
-
-    int applyConfigurationToHardwareForSet() override
-    {
-        NRVK_LOG(6, "Managed Entity Instance(%hu)", this->m_ManagedEntityInstance);
-        return NoHardware<Impl, ApplyResult>::applyConfigurationToHardwareForSet();
-    }
-
-    int eraseConfigurationFromHardware() override
-    {
-        NRVK_LOG(6, "Managed Entity Instance(%hu)", this->m_ManagedEntityInstance);
-        return NoHardware<Impl, ApplyResult>::eraseConfigurationFromHardware();
-    }
+    using LoggedHooks<Impl, ApplyResult>::LoggedHooks;
 };
 
 }  // namespace nrvk
