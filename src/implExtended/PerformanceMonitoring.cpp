@@ -1,0 +1,30 @@
+#include "implExtended/PerformanceMonitoring.h"
+
+#include "OmciManagedEntitiesCore.h"
+#include "OmciManagedEntityRegistrar.h"
+#include "impl/Hardware.h"
+
+namespace nrvk {
+
+unsigned short enterIntoPicture(unsigned short classId, unsigned short instance)
+{
+    StartupConfigManagedEntity record;
+    OmciManagedEntitiesCore().getDefaultConfigManagedEntity(classId, instance, record);
+    OmciManagedEntityRegistrar::getInstance()->addManagedEntityInstance(record);
+    return instance;
+}
+
+void lookUpDefaultConfig(unsigned short classId, unsigned short instance)
+{
+    StartupConfigManagedEntity record;
+    OmciManagedEntitiesCore().getDefaultConfigManagedEntity(classId, instance, record);
+}
+
+void refreshByAction(RefreshByAction operation, EnumOmciAction action, unsigned short instance)
+{
+    if (OmciHardwareIfc* hardware = hardwareOrLog()) {
+        (hardware->*operation)(action, instance);
+    }
+}
+
+}  // namespace nrvk
