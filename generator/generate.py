@@ -80,17 +80,6 @@ def octet_list(attribute) -> str:
     return ", ".join(f"0x{byte:02x}" for byte in attribute.default.rstrip(b"\0"))
 
 
-def access_function(attribute) -> str:
-    return "nrvk::" + ("tableAccess" if attribute.is_table else "octetAccess" if attribute.is_octets else "numberAccess")
-
-
-def access_size(attribute) -> str:
-    """The wire size, where it does not follow from the type."""
-    if attribute.is_octets or attribute.size > attribute.natural_size:
-        return f", {attribute.size}"
-    return ""
-
-
 def mask(value: int) -> str:
     return f"0x{value:04x}"
 
@@ -113,7 +102,7 @@ def adapter_header(me: ManagedEntity) -> str:
 
 
 FILTERS = (
-    value_type, getter_type, member_type, definition, number, widened, octet_list, access_function, access_size, mask,
+    value_type, getter_type, member_type, definition, number, widened, octet_list, mask,
     value_kinds, value_texts, adapter_class, adapter_header,
 )
 

@@ -81,11 +81,6 @@ class Attribute:
         return self.default.to_bytes(size, "big", signed=self.is_signed)
 
     @property
-    def natural_size(self) -> int:
-        """Bytes of a value of the kind, whatever the size on the wire."""
-        return NUMERIC_KINDS.get(self.kind, self.size)
-
-    @property
     def has_zero_default(self) -> bool:
         return not any(self.default_bytes)
 

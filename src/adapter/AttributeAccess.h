@@ -2,43 +2,71 @@
 #define NRVK_ADAPTER_ATTRIBUTE_ACCESS_H
 
 #include <cstddef>
-#include <cstring>
-#include <type_traits>
 
 #include "attributeDefinition.h"
 
 namespace nrvk {
 
-/// How one attribute gets from the wire to its virtual setter, and from its virtual getter to the wire.
-/// Objects are the class's OmciMeXIf; buffers hold the attribute's full size.
-struct AttributeAccess
+/// What a getter yields and a setter takes.
+enum class AttributeForm : unsigned char
 {
-    int (*set)(void* object, const unsigned char* buffer);
-    void (*get)(const void* object, unsigned char* buffer, EnumOmciAction action);
+    U8,
+    U16,
+    U32,
+    U64,
+    S8,
+    S16,
+    Octets,
+    Table  ///< set appends a row, get yields a size
 };
 
-/// A number of `Bytes` bytes, most significant first. Bytes beyond the type's width are skipped.
-template <typename T, std::size_t Bytes>
-T readBigEndian(const unsigned char* buffer)
+/// The virtual getter and setter of one attribute as plain functions; which member is meant, the form tells.
+///
+/// Typed by the value and not by the wire, so that each is nothing but a jump to the virtual operation: a thousand
+/// attributes make two thousand of them. Objects are the class's OmciMeXIf.
+struct AttributeAccess
 {
-    using Unsigned = std::make_unsigned_t<T>;
-    unsigned long long value = 0;
-    for (std::size_t i = 0; i < Bytes; ++i) {
-        value = (value << 8) | buffer[i];
-    }
-    return static_cast<T>(static_cast<Unsigned>(value));
-}
+    union Getter
+    {
+        unsigned char (*u8)(const void* object, EnumOmciAction action);
+        unsigned short (*u16)(const void* object, EnumOmciAction action);
+        unsigned int (*u32)(const void* object, EnumOmciAction action);
+        unsigned long long (*u64)(const void* object, EnumOmciAction action);
+        signed char (*s8)(const void* object, EnumOmciAction action);
+        short (*s16)(const void* object, EnumOmciAction action);
+        const unsigned char* (*octets)(const void* object, EnumOmciAction action);
 
-/// Writes `Bytes` bytes, most significant first, with leading zeros beyond the type's width.
-template <std::size_t Bytes, typename T>
-void writeBigEndian(unsigned char* buffer, T number)
-{
-    auto value = static_cast<unsigned long long>(static_cast<std::make_unsigned_t<T>>(number));
-    for (std::size_t i = Bytes; i-- > 0;) {
-        buffer[i] = static_cast<unsigned char>(value);
-        value >>= 8;
-    }
-}
+        constexpr explicit Getter(decltype(u8) function) : u8(function) {}
+        constexpr explicit Getter(decltype(u16) function) : u16(function) {}
+        constexpr explicit Getter(decltype(u32) function) : u32(function) {}
+        constexpr explicit Getter(decltype(u64) function) : u64(function) {}
+        constexpr explicit Getter(decltype(s8) function) : s8(function) {}
+        constexpr explicit Getter(decltype(s16) function) : s16(function) {}
+        constexpr explicit Getter(decltype(octets) function) : octets(function) {}
+    };
+
+    union Setter
+    {
+        int (*u8)(void* object, unsigned char value);
+        int (*u16)(void* object, unsigned short value);
+        int (*u32)(void* object, unsigned int value);
+        int (*u64)(void* object, unsigned long long value);
+        int (*s8)(void* object, signed char value);
+        int (*s16)(void* object, short value);
+        int (*octets)(void* object, const unsigned char* value);
+
+        constexpr explicit Setter(decltype(u8) function) : u8(function) {}
+        constexpr explicit Setter(decltype(u16) function) : u16(function) {}
+        constexpr explicit Setter(decltype(u32) function) : u32(function) {}
+        constexpr explicit Setter(decltype(u64) function) : u64(function) {}
+        constexpr explicit Setter(decltype(s8) function) : s8(function) {}
+        constexpr explicit Setter(decltype(s16) function) : s16(function) {}
+        constexpr explicit Setter(decltype(octets) function) : octets(function) {}
+    };
+
+    Getter get;
+    Setter set;
+};
 
 template <typename Function>
 struct GetterTraits;
@@ -50,46 +78,38 @@ struct GetterTraits<Result (If::*)(EnumOmciAction) const>
     using Value = Result;
 };
 
-/// An integer attribute. `Bytes` differs from the type's width for the five-byte counters.
-template <auto Getter, auto Setter, std::size_t Bytes = sizeof(typename GetterTraits<decltype(Getter)>::Value)>
-constexpr AttributeAccess numberAccess()
+template <typename Function>
+struct SetterTraits;
+
+template <typename If, typename Argument>
+struct SetterTraits<int (If::*)(Argument)>
 {
-    using If = typename GetterTraits<decltype(Getter)>::Interface;
-    using Value = typename GetterTraits<decltype(Getter)>::Value;
-    return {[](void* object, const unsigned char* buffer) {
-                return (static_cast<If*>(object)->*Setter)(readBigEndian<Value, Bytes>(buffer));
-            },
-            [](const void* object, unsigned char* buffer, EnumOmciAction action) {
-                writeBigEndian<Bytes>(buffer, (static_cast<const If*>(object)->*Getter)(action));
-            }};
+    using Value = Argument;
+};
+
+/// The access of one attribute, from its getter and setter in the class's OmciMeXIf.
+template <auto VirtualGetter, auto VirtualSetter>
+constexpr AttributeAccess attributeAccess()
+{
+    using If = typename GetterTraits<decltype(VirtualGetter)>::Interface;
+    using Read = typename GetterTraits<decltype(VirtualGetter)>::Value;
+    using Written = typename SetterTraits<decltype(VirtualSetter)>::Value;
+    Read (*get)(const void*, EnumOmciAction) = [](const void* object, EnumOmciAction action) {
+        return (static_cast<const If*>(object)->*VirtualGetter)(action);
+    };
+    int (*set)(void*, Written) = [](void* object, Written value) {
+        return (static_cast<If*>(object)->*VirtualSetter)(value);
+    };
+    return {AttributeAccess::Getter(get), AttributeAccess::Setter(set)};
 }
 
-/// An octet attribute. A getter that yields null reads as zeros.
-template <auto Getter, auto Setter, std::size_t Bytes>
-constexpr AttributeAccess octetAccess()
-{
-    using If = typename GetterTraits<decltype(Getter)>::Interface;
-    return {[](void* object, const unsigned char* buffer) { return (static_cast<If*>(object)->*Setter)(buffer); },
-            [](const void* object, unsigned char* buffer, EnumOmciAction action) {
-                const unsigned char* value = (static_cast<const If*>(object)->*Getter)(action);
-                if (value != nullptr) {
-                    std::memcpy(buffer, value, Bytes);
-                } else {
-                    std::memset(buffer, 0, Bytes);
-                }
-            }};
-}
-
-/// A table attribute: set appends a row, get yields the size in 4 bytes.
-template <auto Getter, auto Setter>
-constexpr AttributeAccess tableAccess()
-{
-    using If = typename GetterTraits<decltype(Getter)>::Interface;
-    return {[](void* object, const unsigned char* buffer) { return (static_cast<If*>(object)->*Setter)(buffer); },
-            [](const void* object, unsigned char* buffer, EnumOmciAction action) {
-                writeBigEndian<4>(buffer, (static_cast<const If*>(object)->*Getter)(action));
-            }};
-}
+/// Takes the attribute's full size from `buffer`, network byte order, and sets it; the setter's result. Numbers wider
+/// on the wire than in memory lose their leading bytes, narrower ones are read in the width of memory.
+int setFromWire(const AttributeAccess& access, AttributeForm form, std::size_t size, void* object,
+                const unsigned char* buffer);
+/// The reverse. Octets whose getter yields null read as zeros; a table yields 4 bytes.
+void getToWire(const AttributeAccess& access, AttributeForm form, std::size_t size, const void* object,
+               unsigned char* buffer, EnumOmciAction action);
 
 }  // namespace nrvk
 

@@ -122,7 +122,8 @@ int ManagedEntityAdapter::setAttribute(unsigned short instance, const attributeD
         NRVK_LOG_FOR_CLASS(entity, 3, "Attribute mask(0x%X) not supported", definition->attributeMask);
         return -1;
     }
-    return entity.access[attribute].set(object, buffer);
+    const std::size_t size = entity.entity.attributes[attribute].definition.attributeSize;
+    return nrvk::setFromWire(entity.access[attribute], entity.forms[attribute], size, object, buffer);
 }
 
 int ManagedEntityAdapter::getAttribute(unsigned short instance, const attributeDefinition* definition,
@@ -145,7 +146,8 @@ int ManagedEntityAdapter::getAttribute(unsigned short instance, const attributeD
         NRVK_LOG_FOR_CLASS(entity, 3, "Attribute mask(0x%X) not supported", definition->attributeMask);
         return 0;  // unlike a Set: the OLT's Get of an attribute that the class lacks succeeds with nothing written
     }
-    entity.access[attribute].get(object, buffer, action);
+    const std::size_t size = entity.entity.attributes[attribute].definition.attributeSize;
+    nrvk::getToWire(entity.access[attribute], entity.forms[attribute], size, object, buffer, action);
     return 0;
 }
 
