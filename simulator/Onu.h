@@ -1,0 +1,66 @@
+#ifndef SIMULATOR_ONU_H
+#define SIMULATOR_ONU_H
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "BoardFile.h"
+#include "BoardHal.h"
+#include "LibraryStatics.h"
+#include "OmciManagedEntitiesCore.h"
+#include "hardware/SimulatedHardware.h"
+#include "host/Dispatcher.h"
+#include "host/Notifier.h"
+
+class OmciMe;
+
+/// The library with its host around it: brought up, restarted, and reached through here. One thread uses it.
+class Onu
+{
+public:
+    struct Setup
+    {
+        Board board;
+        std::string mic;  ///< of a form that Mic::parse takes
+        std::optional<unsigned int> fifoDepth;
+    };
+
+    /// `sink` takes the frames that the ONU sends unasked, on any thread. Nothing runs before start.
+    Onu(Setup setup, HardwareRecorder& recorder, omci::Notifier::Sink sink);
+    ~Onu();
+    Onu(const Onu&) = delete;
+    Onu& operator=(const Onu&) = delete;
+
+    /// Builds the start-up MIB, to the first moment at which the OLT may talk.
+    void start();
+    /// What a reboot does: all instances, adapters and edits of the start-up table go, and the ONU starts anew.
+    void restart();
+
+    omci::Dispatcher& dispatcher() { return m_Dispatcher; }
+    omci::Notifier& notifier() { return m_Notifier; }
+    SimulatedHardware& hardware() { return m_Hardware; }
+    OmciManagedEntitiesCore& core() { return *m_Core; }
+
+    /// Whether the registrar holds the hardware interface; it does from the start.
+    void connectHardware(bool isConnected);
+
+    bool isHardwareConnected() const;
+
+private:
+    void applyIdentity();
+    void tearDown();
+
+    Setup m_Setup;
+    LibraryStatics m_Statics;
+    BoardHal m_Hal;
+    SimulatedHardware m_Hardware;
+    omci::Notifier m_Notifier;
+    omci::Dispatcher m_Dispatcher;
+    std::unique_ptr<OmciManagedEntitiesCore> m_Core;
+    /// Adapters of earlier lives. Timers and the image writer may still point at them, so they are kept.
+    std::vector<OmciMe*> m_RetiredAdapters;
+};
+
+#endif

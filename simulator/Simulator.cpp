@@ -1,0 +1,150 @@
+#include "Simulator.h"
+
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <system_error>
+#include <vector>
+
+#include "Logger.h"
+#include "NorvikTimer.h"
+#include "host/LogSink.h"
+#include "sandbox/Sandbox.h"
+
+namespace {
+constexpr unsigned char kNotice = 5;
+
+void logNotice(const char* function, unsigned int line, const char* text)
+{
+    Logger::getInstance(omci::kHostLoggerId)
+        ->writeToLog(0, function, "simulator/Simulator.cpp", line, kNotice, "%s", text);
+}
+
+Board boardOf(const Options& options)
+{
+    Board board = options.boardFile.empty() ? Board() : readBoardFile(options.boardFile);
+    if (!board.factoryFile.empty()) {
+        Sandbox::exempt(board.factoryFile);
+    }
+    return board;
+}
+}  // namespace
+
+Simulator::Simulator(const Options& options)
+{
+    const Board board = boardOf(options);
+    const SocketAddress address = parseAddress(options.listen);
+    openLogs(options);
+    if (!options.capture.empty()) {
+        m_Capture.open(options.capture);
+    }
+    NorvikTimer::setTimeScale(options.timeScale);
+    m_Onu =
+        std::make_unique<Onu>(Onu::Setup{board, options.mic, options.fifoDepth}, m_Recorder,
+                              [this](const std::uint8_t* frame, std::size_t length) { sendUnasked(frame, length); });
+    m_Requests = std::make_unique<ControlRequests>(*m_Onu);
+    Sandbox::setCommandHandler([this](const char* command) { return runCommand(command); });
+    watchSignals();
+    m_Channel = std::make_unique<UdpChannel>(
+        m_Loop, address, [this](const std::uint8_t* bytes, std::size_t length) { handleFrame(bytes, length); });
+    m_Onu->start();
+    if (!options.control.empty()) {
+        m_Control = std::make_unique<ControlSocket>(m_Loop, options.control,
+                                                    [this](const std::string& line) { return answerRequest(line); });
+    }
+    flushLogs();
+}
+
+Simulator::~Simulator()
+{
+    Sandbox::setCommandHandler(nullptr);
+    flushLogs();
+}
+
+void Simulator::openLogs(const Options& options)
+{
+    const auto level = static_cast<unsigned char>(options.logLevel);
+    Logger::getInstance(omci::kLibraryLoggerId)->setLevel(level);
+    Logger::getInstance(omci::kHostLoggerId)->setLevel(level);
+    if (!options.hardwareLog.empty()) {
+        m_HardwareLog.open(options.hardwareLog);
+    }
+    if (!options.libraryLog.empty()) {
+        m_LibraryLogFile.open(options.libraryLog);
+        m_LibraryLog.emplace(m_LibraryLogFile, m_Number);
+    }
+}
+
+void Simulator::watchSignals()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGINT);
+    sigaddset(&signals, SIGTERM);
+    m_Signals = Descriptor(signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
+    if (!m_Signals.isOpen()) {
+        throw std::system_error(errno, std::generic_category(), "cannot watch signals");
+    }
+    m_Loop.watch(m_Signals.get(), [this] {
+        signalfd_siginfo information{};
+        if (read(m_Signals.get(), &information, sizeof information) > 0) {
+            m_Loop.stop();
+        }
+    });
+}
+
+void Simulator::run()
+{
+    m_Loop.afterEachTurn([this] { flushLogs(); });
+    m_Loop.run();
+}
+
+void Simulator::handleFrame(const std::uint8_t* bytes, std::size_t length)
+{
+    m_Capture.add(omci::Direction::Downstream, bytes, length);
+    const omci::Dispatcher::Reply reply = m_Onu->dispatcher().handle(bytes, length);
+    flushLogs();
+    if (reply.length != 0) {
+        m_Capture.add(omci::Direction::Upstream, reply.data, reply.length);
+        m_Channel->send(reply.data, reply.length);
+    }
+}
+
+void Simulator::sendUnasked(const std::uint8_t* frame, std::size_t length)
+{
+    // Later: a reply that is being made goes first, and only the loop's thread sends.
+    m_Loop.post([this, copy = std::vector<std::uint8_t>(frame, frame + length)] {
+        m_Capture.add(omci::Direction::Upstream, copy.data(), copy.size());
+        m_Channel->send(copy.data(), copy.size());
+    });
+}
+
+std::string Simulator::answerRequest(const std::string& line)
+{
+    std::string answer = m_Requests->answer(line);
+    flushLogs();
+    return answer;
+}
+
+int Simulator::runCommand(const char* command)
+{
+    if (std::strcmp(command, "reboot") == 0) {
+        // After the reply, as a board has the time to send it.
+        m_Loop.post([this] {
+            logNotice("runCommand", __LINE__, "Reboot: the library starts anew, the machine does not");
+            m_Onu->restart();
+        });
+    }
+    return 0;
+}
+
+void Simulator::flushLogs()
+{
+    m_HardwareLog.flush();
+    m_LibraryLogFile.flush();
+    // What the library prints is to be seen at once too.
+    std::fflush(stdout);
+}

@@ -1,0 +1,55 @@
+#include "UdpChannel.h"
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+namespace {
+/// So many datagrams are taken in one turn, so that a flood does not shut the other descriptors out.
+constexpr int kDatagramsPerTurn = 64;
+}  // namespace
+
+UdpChannel::UdpChannel(EventLoop& loop, const SocketAddress& address, Receiver receiver)
+    : m_Loop(loop), m_Receiver(std::move(receiver)),
+      m_Socket(socket(address.storage.ss_family, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0))
+{
+    if (!m_Socket.isOpen() || bind(m_Socket.get(), address.get(), address.length) != 0) {
+        throw std::system_error(errno, std::generic_category(), "cannot listen on " + toString(address));
+    }
+    m_Loop.watch(m_Socket.get(), [this] { receive(); });
+}
+
+UdpChannel::~UdpChannel()
+{
+    m_Loop.unwatch(m_Socket.get());
+}
+
+std::string UdpChannel::localAddress() const
+{
+    SocketAddress address;
+    address.length = sizeof address.storage;
+    getsockname(m_Socket.get(), address.get(), &address.length);
+    return toString(address);
+}
+
+void UdpChannel::receive()
+{
+    for (int i = 0; i < kDatagramsPerTurn; ++i) {
+        SocketAddress peer;
+        peer.length = sizeof peer.storage;
+        const ssize_t got = recvfrom(m_Socket.get(), m_Buffer.data(), m_Buffer.size(), 0, peer.get(), &peer.length);
+        if (got < 0) {
+            return;
+        }
+        m_Peer = peer;
+        m_Receiver(m_Buffer.data(), static_cast<std::size_t>(got));
+    }
+}
+
+void UdpChannel::send(const std::uint8_t* bytes, std::size_t length)
+{
+    if (m_Peer) {
+        // An OLT that went away is no trouble of the ONU's.
+        static_cast<void>(sendto(m_Socket.get(), bytes, length, MSG_NOSIGNAL, m_Peer->get(), m_Peer->length));
+    }
+}

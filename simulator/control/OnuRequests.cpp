@@ -1,0 +1,115 @@
+// Requests about the ONU as a whole: calls by name, MIB reset, restart, timers, counters.
+#include <dlfcn.h>
+
+#include <sstream>
+
+#include "NorvikTimer.h"
+#include "OmciMe.h"
+#include "OmciMeFactory.h"
+#include "Onu.h"
+#include "control/ControlRequests.h"
+#include "control/RequestFields.h"
+
+namespace {
+constexpr unsigned short kClassOnuData = 2;
+constexpr unsigned short kClassSoftwareImage = 7;
+
+OmciMe& adapter(unsigned short classId)
+{
+    OmciMe* me = OmciMeFactory::getInstance()->getManagedEntity(classId);
+    if (me == nullptr) {
+        throw BadRequest("class " + std::to_string(classId) + " is not registered");
+    }
+    return *me;
+}
+
+/// The handler's name where its image exports it, else where it lies in its image.
+std::string nameOf(NorvikTimer::Handler handler)
+{
+    const void* address = reinterpret_cast<const void*>(handler);
+    Dl_info information{};
+    std::ostringstream text;
+    if (dladdr(address, &information) != 0 && information.dli_sname != nullptr && information.dli_saddr == address) {
+        return information.dli_sname;
+    }
+    const std::string image = information.dli_fname != nullptr ? information.dli_fname : "";
+    text << image.substr(image.rfind('/') + 1) << "+0x" << std::hex
+         << reinterpret_cast<std::uintptr_t>(address) - reinterpret_cast<std::uintptr_t>(information.dli_fbase);
+    return text.str();
+}
+
+Json listTimers(const Json& request)
+{
+    requireTrue(request, "timers");
+    Json result = Json::array();
+    for (const NorvikTimer::Running& timer : NorvikTimer::getRunningTimers()) {
+        result.push_back({{"handler", nameOf(timer.handler)}, {"milliseconds_left", timer.millisecondsLeft}});
+    }
+    return {{"result", result}};
+}
+
+Json showStatistics(Onu& onu, const Json& request)
+{
+    requireTrue(request, "statistics");
+    const omci::Statistics& counted = onu.dispatcher().statistics();
+    Json requests = Json::object();
+    for (std::size_t type = 0; type < counted.requests.size(); ++type) {
+        if (counted.requests[type] != 0) {
+            requests[omci::messageTypeName(static_cast<omci::MessageType>(type))] = counted.requests[type];
+        }
+    }
+    Json results = Json::object();
+    for (std::size_t result = 0; result < counted.results.size(); ++result) {
+        if (counted.results[result] != 0) {
+            results[omci::resultName(static_cast<omci::Result>(result))] = counted.results[result];
+        }
+    }
+    Json drops = Json::object();
+    for (std::size_t reason = 0; reason < counted.drops.size(); ++reason) {
+        drops[omci::dropReasonName(static_cast<omci::DropReason>(reason))] = counted.drops[reason];
+    }
+    const omci::Notifier::Counters sent = onu.notifier().counters();
+    return {{"result",
+             {{"requests", requests},
+              {"baseline_requests", counted.baselineRequests},
+              {"extended_requests", counted.extendedRequests},
+              {"results", results},
+              {"drops", drops},
+              {"replies", counted.replies},
+              {"retransmissions", counted.retransmissions},
+              {"exceptions", counted.exceptions},
+              {"attribute_value_changes", sent.attributeValueChanges},
+              {"alarms", sent.alarms},
+              {"test_results", sent.testResults},
+              {"suppressed_notifications", sent.suppressed}}}};
+}
+}  // namespace
+
+void ControlRequests::addOnuRequests()
+{
+    m_Requests["call"] = [this](const Json& request) {
+        std::string name;
+        values::from(request.at("call"), name, "call");
+        const Json arguments = request.value("args", Json::array());
+        Json answer = m_Calls.run(name, arguments);
+        m_Onu.hardware().remember(name, arguments);
+        return answer;
+    };
+    m_Requests["mib-reset"] = [](const Json& request) -> Json {
+        requireTrue(request, "mib-reset");
+        return {{"result", adapter(kClassOnuData).mibReset()}};
+    };
+    m_Requests["reboot"] = [this](const Json& request) -> Json {
+        requireTrue(request, "reboot");
+        m_Onu.restart();
+        return {{"result", 0}};
+    };
+    m_Requests["fifo"] = [](const Json& request) -> Json {
+        unsigned int depth = 0;
+        values::from(request.at("fifo"), depth, "fifo");
+        adapter(kClassSoftwareImage).updateRxOmciFifoDepthInBytes(depth);
+        return {{"result", 0}};
+    };
+    m_Requests["timers"] = listTimers;
+    m_Requests["statistics"] = [this](const Json& request) { return showStatistics(m_Onu, request); };
+}

@@ -1,0 +1,203 @@
+// Counters: what performance monitoring asks for.
+#include "JsonValues.h"
+#include "hardware/CounterReports.h"
+#include "hardware/SimulatedHardware.h"
+
+namespace {
+constexpr unsigned short kClassEthernetPm = 24;
+constexpr unsigned short kClassEthernetFramePmDownstream = 321;
+constexpr unsigned short kClassEthernetFramePmUpstream = 322;
+constexpr unsigned short kClassGalEthernetPm = 276;
+constexpr unsigned short kClassFecPm = 312;
+constexpr unsigned short kClassGemPortPm = 341;
+constexpr unsigned short kClassTwdmPhyLodsPm = 65406;
+constexpr unsigned short kClassTwdmXgemPm = 65407;
+constexpr unsigned short kClassTwdmPloamPm = 65408;
+constexpr unsigned short kClassTwdmTuningPm = 65411;
+constexpr unsigned short kClassTwdmOmciPm = 65414;
+
+/// What was reported last, by the entry that reported it: where the class and the instance stand among its arguments.
+struct Report
+{
+    const char* entry;
+    unsigned short classId;  ///< 0: the first argument
+    std::size_t instanceIndex;
+    std::size_t countersIndex;
+};
+constexpr Report kReports[] = {
+    {"updateEthernetFrameExtendedPM", 0, 1, 2},
+    {"updateVeipExtendedPM", 0, 1, 2},
+    {"updateEthernetFramePM", kClassEthernetPm, 1, 2},
+    {"updateGemPortNetworkCtpPM", kClassGemPortPm, 1, 2},
+    {"updateGalEthPmHistData", kClassGalEthernetPm, 0, 1},
+    {"updateTwdmFecStats", kClassFecPm, 0, 1},
+    {"updateTwdmOmciStats", kClassTwdmOmciPm, 0, 1},
+    {"updateTwdmPhyLodsStats", kClassTwdmPhyLodsPm, 0, 1},
+    {"updateTwdmPloamStats", kClassTwdmPloamPm, 0, 1},
+    {"updateTwdmTuningStats", kClassTwdmTuningPm, 0, 1},
+    {"updateTwdmXgemStats", kClassTwdmXgemPm, 0, 1},
+};
+}  // namespace
+
+void SimulatedHardware::remember(const std::string& entry, const Json& arguments)
+{
+    for (const Report& report : kReports) {
+        if (entry == report.entry) {
+            const auto classId = report.classId != 0 ? report.classId : arguments.at(0).get<unsigned short>();
+            const auto instance = arguments.at(report.instanceIndex).get<unsigned short>();
+            // The entries for Ethernet frames take the records of two directions.
+            const bool isPair = arguments.size() == report.countersIndex + 2;
+            const Json& first = arguments.at(report.countersIndex);
+            const std::lock_guard<std::mutex> lock(m_Mutex);
+            m_Settings.setCounters(classId, instance, isPair ? Json::array({first, arguments.back()}) : first);
+        }
+    }
+    rememberLevels(entry, arguments);
+}
+
+Json SimulatedHardware::counters(unsigned short classId, unsigned short instance) const
+{
+    const std::lock_guard<std::mutex> lock(m_Mutex);
+    return m_Settings.countersOf(classId, instance);
+}
+
+template <typename Record>
+Record SimulatedHardware::counterRecord(unsigned short classId, unsigned short instance) const
+{
+    Record record{};
+    const Json known = counters(classId, instance);
+    if (!known.is_null()) {
+        values::from(known, record, "counters");
+    }
+    return record;
+}
+
+OmciManagedEntitiesCore* SimulatedHardware::reportee() const
+{
+    const std::lock_guard<std::mutex> lock(m_Mutex);
+    return m_Settings.answersRefresh ? m_Core : nullptr;
+}
+
+int SimulatedHardware::clearEthernetFrameExtendedPmCounters(unsigned short instance, unsigned int statsAction)
+{
+    const HardwareCall written = call("clearEthernetFrameExtendedPmCounters", {instance, statsAction});
+    return 0;
+}
+
+int SimulatedHardware::createPmInstance(unsigned short classId, unsigned short instance)
+{
+    const HardwareCall written = call("createPmInstance", {classId, instance});
+    return 0;
+}
+
+int SimulatedHardware::deletePmInstance(unsigned short classId, unsigned short instance)
+{
+    const HardwareCall written = call("deletePmInstance", {classId, instance});
+    return 0;
+}
+
+int SimulatedHardware::refreshGemPortCounters(unsigned short classId, unsigned short portId, unsigned int statsAction)
+{
+    const HardwareCall written = slowCall("refreshGemPortCounters", {classId, portId, statsAction});
+    if (OmciManagedEntitiesCore* core = reportee()) {
+        core->updateGemPortNetworkCtpPM(0, portId, counterRecord<GemPortCounters>(kClassGemPortPm, portId));
+    }
+    return 0;
+}
+
+int SimulatedHardware::resetFecCounters(unsigned short classId, unsigned int mode)
+{
+    const HardwareCall written = call("resetFecCounters", {classId, mode});
+    return 0;
+}
+
+int SimulatedHardware::refreshFecCounters(unsigned short instance, unsigned int statsAction)
+{
+    const HardwareCall written = slowCall("refreshFecCounters", {instance, statsAction});
+    if (OmciManagedEntitiesCore* core = reportee()) {
+        core->updateTwdmFecStats(instance, counterRecord<TwdmFecCounters>(kClassFecPm, instance));
+    }
+    return 0;
+}
+
+int SimulatedHardware::refreshTwdmOmciPm(EnumOmciAction action, unsigned short instance)
+{
+    const HardwareCall written = slowCall("refreshTwdmOmciPm", {static_cast<int>(action), instance});
+    if (OmciManagedEntitiesCore* core = reportee()) {
+        core->updateTwdmOmciStats(instance, counterRecord<TwdmOmciCounters>(kClassTwdmOmciPm, instance));
+    }
+    return 0;
+}
+
+int SimulatedHardware::refreshTwdmPhyLodsPm(EnumOmciAction action, unsigned short instance)
+{
+    const HardwareCall written = slowCall("refreshTwdmPhyLodsPm", {static_cast<int>(action), instance});
+    if (OmciManagedEntitiesCore* core = reportee()) {
+        core->updateTwdmPhyLodsStats(instance, counterRecord<TwdmPhyLodsCounters>(kClassTwdmPhyLodsPm, instance));
+    }
+    return 0;
+}
+
+int SimulatedHardware::refreshGalEthernetPm(EnumOmciAction action, unsigned short instance)
+{
+    const HardwareCall written = slowCall("refreshGalEthernetPm", {static_cast<int>(action), instance});
+    if (OmciManagedEntitiesCore* core = reportee()) {
+        core->updateGalEthPmHistData(instance, counterRecord<GalEthPMHistData>(kClassGalEthernetPm, instance));
+    }
+    return 0;
+}
+
+int SimulatedHardware::refreshTwdmPloamPm(EnumOmciAction action, unsigned short instance)
+{
+    const HardwareCall written = slowCall("refreshTwdmPloamPm", {static_cast<int>(action), instance});
+    if (OmciManagedEntitiesCore* core = reportee()) {
+        core->updateTwdmPloamStats(instance, counterRecord<TwdmPloamCounters>(kClassTwdmPloamPm, instance));
+    }
+    return 0;
+}
+
+int SimulatedHardware::refreshTwdmTuningPm(EnumOmciAction action, unsigned short instance)
+{
+    const HardwareCall written = slowCall("refreshTwdmTuningPm", {static_cast<int>(action), instance});
+    if (OmciManagedEntitiesCore* core = reportee()) {
+        core->updateTwdmTuningStats(instance, counterRecord<TwdmTuningCounters>(kClassTwdmTuningPm, instance));
+    }
+    return 0;
+}
+
+int SimulatedHardware::refreshTwdmXgemPm(EnumOmciAction action, unsigned short instance)
+{
+    const HardwareCall written = slowCall("refreshTwdmXgemPm", {static_cast<int>(action), instance});
+    if (OmciManagedEntitiesCore* core = reportee()) {
+        core->updateTwdmXgemStats(instance, counterRecord<TwdmXgemCounters>(kClassTwdmXgemPm, instance));
+    }
+    return 0;
+}
+
+int SimulatedHardware::refreshEthernetFrameCounters(unsigned short classId, unsigned short instance,
+                                                    unsigned int statsAction, unsigned short parentClass,
+                                                    unsigned short parentInstance)
+{
+    const HardwareCall written =
+        slowCall("refreshEthernetFrameCounters", {classId, instance, statsAction, parentClass, parentInstance});
+    if (OmciManagedEntitiesCore* core = reportee()) {
+        const Json known = counters(classId, instance);
+        const FrameCounters both = known.is_null() ? FrameCounters() : frameCounters(known, "counters");
+        core->updateEthernetFrameExtendedPM(classId, instance, both.first, both.second);
+    }
+    return 0;
+}
+
+int SimulatedHardware::refreshEthernetFrameCounters64(unsigned short classId, unsigned short instance,
+                                                      unsigned int statsAction, unsigned short parentClass,
+                                                      unsigned short parentInstance)
+{
+    const HardwareCall written =
+        slowCall("refreshEthernetFrameCounters64", {classId, instance, statsAction, parentClass, parentInstance});
+    if (OmciManagedEntitiesCore* core = reportee()) {
+        const Json known = counters(classId, instance);
+        const FrameCounters both = known.is_null() ? FrameCounters() : frameCounters(known, "counters");
+        core->updateVeipExtendedPM(classId, instance, both.first, both.second);
+    }
+    return 0;
+}

@@ -1,0 +1,223 @@
+// The calls that concern the ONU as a whole: software images, time, remote debug, the reserved places.
+#include <algorithm>
+#include <chrono>
+#include <cstring>
+#include <stdexcept>
+#include <thread>
+
+#include "JsonValues.h"
+#include "OmciMeManager.h"
+#include "OmciMessage.h"
+#include "hardware/CounterReports.h"
+#include "hardware/SimulatedHardware.h"
+
+namespace {
+constexpr unsigned short kClassOnuRemoteDebug = 158;
+constexpr unsigned short kRemoteDebugCommand = 0x4000;
+}  // namespace
+
+HardwareCall SimulatedHardware::call(const char* operation, std::initializer_list<Json> arguments)
+{
+    struct Throwing : std::runtime_error
+    {
+        using std::runtime_error::runtime_error;
+    };
+    bool isThrowing = false;
+    {
+        const std::lock_guard<std::mutex> lock(m_Mutex);
+        isThrowing = m_Settings.throwing.count(operation) != 0;
+    }
+    if (isThrowing) {
+        const HardwareCall written(m_Recorder, operation, arguments);
+        throw Throwing(std::string("the hardware threw in ") + operation);
+    }
+    return HardwareCall(m_Recorder, operation, arguments);
+}
+
+HardwareCall SimulatedHardware::slowCall(const char* operation, std::initializer_list<Json> arguments)
+{
+    const unsigned int delay = settings().delayMilliseconds;
+    if (delay != 0) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(delay));
+    }
+    return call(operation, arguments);
+}
+
+void SimulatedHardware::change(const Json& request)
+{
+    const std::lock_guard<std::mutex> lock(m_Mutex);
+    m_Settings.apply(request);
+}
+
+HardwareSettings SimulatedHardware::settings() const
+{
+    const std::lock_guard<std::mutex> lock(m_Mutex);
+    return m_Settings;
+}
+
+int SimulatedHardware::reserved(const char* operation)
+{
+    const HardwareCall written = call(operation, {});
+    return 0;
+}
+
+int SimulatedHardware::reserved05()
+{
+    return reserved("reserved05");
+}
+
+int SimulatedHardware::reserved10()
+{
+    return reserved("reserved10");
+}
+
+int SimulatedHardware::reserved15()
+{
+    return reserved("reserved15");
+}
+
+int SimulatedHardware::reserved28()
+{
+    return reserved("reserved28");
+}
+
+int SimulatedHardware::reserved44()
+{
+    return reserved("reserved44");
+}
+
+int SimulatedHardware::reserved50()
+{
+    return reserved("reserved50");
+}
+
+int SimulatedHardware::reserved59()
+{
+    return reserved("reserved59");
+}
+
+int SimulatedHardware::reserved72()
+{
+    return reserved("reserved72");
+}
+
+int SimulatedHardware::reserved76()
+{
+    return reserved("reserved76");
+}
+
+int SimulatedHardware::reserved77()
+{
+    return reserved("reserved77");
+}
+
+int SimulatedHardware::reserved78()
+{
+    return reserved("reserved78");
+}
+
+int SimulatedHardware::reserved79()
+{
+    return reserved("reserved79");
+}
+
+int SimulatedHardware::resetDataPathConfiguration()
+{
+    const HardwareCall written = call("resetDataPathConfiguration", {});
+    return 0;
+}
+
+int SimulatedHardware::sendAttributeValueChange(OmciMessage* message)
+{
+    const HardwareCall written =
+        call("sendAttributeValueChange", {toHex(message->getMessage(), message->getMessageLength())});
+    if (m_AttributeValueChange) {
+        m_AttributeValueChange(*message);
+    }
+    return 0;
+}
+
+bool SimulatedHardware::endSoftwareImageDownload(unsigned char* imageStorage)
+{
+    // How long the image is, only the library knows: its first byte stands for it.
+    const Json image = imageStorage == nullptr ? Json(nullptr) : Json(toHex(imageStorage, 1));
+    const HardwareCall written = slowCall("endSoftwareImageDownload", {image});
+    return settings().isImageValid;
+}
+
+int SimulatedHardware::notifyMibUploadState(unsigned char state)
+{
+    const HardwareCall written = call("notifyMibUploadState", {state});
+    return 0;
+}
+
+int SimulatedHardware::notifySoftwareDownloadStatus(unsigned char status)
+{
+    const HardwareCall written = call("notifySoftwareDownloadStatus", {status});
+    return 0;
+}
+
+int SimulatedHardware::setBatteryBackup(unsigned char value)
+{
+    const HardwareCall written = call("setBatteryBackup", {value});
+    return 0;
+}
+
+int SimulatedHardware::synchronizeTime()
+{
+    const HardwareCall written = call("synchronizeTime", {});
+    return 0;
+}
+
+int SimulatedHardware::setOltTimeOfDay(unsigned int superFrameCounter, unsigned long long seconds,
+                                       unsigned int nanoseconds)
+{
+    const HardwareCall written = call("setOltTimeOfDay", {superFrameCounter, seconds, nanoseconds});
+    return 0;
+}
+
+int SimulatedHardware::setOntTimeOfDay(const time_t* time)
+{
+    const Json value = time == nullptr ? Json(nullptr) : Json(*time);
+    const HardwareCall written = call("setOntTimeOfDay", {value});
+    return 0;
+}
+
+int SimulatedHardware::notifyOltVendorId()
+{
+    const HardwareCall written = call("notifyOltVendorId", {});
+    return 0;
+}
+
+int SimulatedHardware::testOnu(unsigned short transactionId)
+{
+    const HardwareCall written = call("testOnu", {transactionId});
+    return 0;
+}
+
+int SimulatedHardware::sendRemoteDebugCommand(const unsigned char* command)
+{
+    unsigned char size = 0;
+    OmciMeManager::getInstance()->getAttributeSize(kClassOnuRemoteDebug, kRemoteDebugCommand, &size);
+    const Json bytes = command == nullptr ? Json(nullptr) : Json(toHex(command, size));
+    const HardwareCall written = call("sendRemoteDebugCommand", {bytes});
+    return 0;
+}
+
+std::vector<unsigned char> SimulatedHardware::getRemoteDebugReply()
+{
+    const HardwareCall written = slowCall("getRemoteDebugReply", {});
+    return settings().debugReply;
+}
+
+int SimulatedHardware::getStatusPortalMessage(EnumOmciAction action, unsigned short instance, unsigned char* buffer)
+{
+    constexpr std::size_t recordSize = 512;
+    constexpr std::size_t textOffset = 18;
+    constexpr std::size_t textSize = 256;
+    HardwareCall written = slowCall("getStatusPortalMessage", {static_cast<int>(action), instance, nullptr});
+    const std::string text = settings().statusMessage;
+    std::memcpy(buffer + textOffset, text.data(), std::min(text.size(), textSize));
+    written.setArgument(2, toHex(buffer, recordSize));
+    return 0;
+}

@@ -1,0 +1,146 @@
+#ifndef SIMULATOR_HARDWARE_SIMULATED_HARDWARE_H
+#define SIMULATOR_HARDWARE_SIMULATED_HARDWARE_H
+
+#include <functional>
+#include <mutex>
+
+#include "OmciHardwareIfc.h"
+#include "OmciManagedEntitiesCore.h"
+#include "hardware/HardwareCall.h"
+#include "hardware/HardwareSettings.h"
+
+/// The hardware layer of the simulated ONU. Writes each call down, answers refreshes through the library's update
+/// entries within the call, and finds what it needs of the MIB by itself.
+///
+/// Calls come on the library's thread; notifySoftwareDownloadStatus on the image writer's and timers' threads too.
+/// A delay (HardwareSettings) holds up reads and refreshes only, which the library waits for; what it pushes is done
+/// when the call returns.
+class SimulatedHardware : public OmciHardwareIfc
+{
+public:
+    explicit SimulatedHardware(HardwareRecorder& recorder) : m_Recorder(recorder) {}
+
+    /// Where reports go; null: nowhere (the library is not up). Not owned.
+    void setCore(OmciManagedEntitiesCore* core) { m_Core = core; }
+    /// Takes what the library asks to be sent to the OLT.
+    void onAttributeValueChange(std::function<void(OmciMessage&)> sink) { m_AttributeValueChange = std::move(sink); }
+
+    /// Changes what is answered from now on (see HardwareSettings::apply).
+    void change(const Json& request);
+    /// What was reported through an update entry is what this hardware measured: later refreshes report it again.
+    void remember(const std::string& entry, const Json& arguments);
+    /// What it answers, as it is now.
+    HardwareSettings settings() const;
+
+    int resetDataPathConfiguration() override;
+    int clearEthernetFrameExtendedPmCounters(unsigned short instance, unsigned int statsAction) override;
+    int reserved05() override;
+    int refreshGemPortCounters(unsigned short classId, unsigned short portId, unsigned int statsAction) override;
+    int resetFecCounters(unsigned short classId, unsigned int mode) override;
+    int refreshFecCounters(unsigned short instance, unsigned int statsAction) override;
+    int findMacBridgePortByTp(unsigned char kind, unsigned short instance,
+                              OmciMeMacBridgePortConfigurationDataIf** port) override;
+    int reserved10() override;
+    int refreshAniOpticalSignalLevel(unsigned short instance) override;
+    std::vector<unsigned char> getRemoteDebugReply() override;
+    int refreshAniTransmitOpticalLevel(unsigned short instance) override;
+    int refreshTwdmChannel(EnumOmciAction action, unsigned short instance) override;
+    int reserved15() override;
+    int refreshTwdmOmciPm(EnumOmciAction action, unsigned short instance) override;
+    int refreshTwdmPhyLodsPm(EnumOmciAction action, unsigned short instance) override;
+    int refreshGalEthernetPm(EnumOmciAction action, unsigned short instance) override;
+    int refreshTwdmPloamPm(EnumOmciAction action, unsigned short instance) override;
+    int refreshTwdmTuningPm(EnumOmciAction action, unsigned short instance) override;
+    int refreshTwdmXgemPm(EnumOmciAction action, unsigned short instance) override;
+    int getStatusPortalMessage(EnumOmciAction action, unsigned short instance, unsigned char* buffer) override;
+    int refreshEthernetFrameCounters(unsigned short classId, unsigned short instance, unsigned int statsAction,
+                                     unsigned short parentClass, unsigned short parentInstance) override;
+    int refreshEthernetFrameCounters64(unsigned short classId, unsigned short instance, unsigned int statsAction,
+                                       unsigned short parentClass, unsigned short parentInstance) override;
+    int refreshVoipLineStatus(EnumOmciAction action, unsigned short instance) override;
+    bool endSoftwareImageDownload(unsigned char* imageStorage) override;
+    int removeUniService(OmciMePptpEthernetUniIf* uni) override;
+    int reserved28() override;
+    int removeGemInterworkingTp(OmciMeGemInterworkingTpIf* interworkingTp) override;
+    int removeMulticastGemInterworkingTp(OmciMeMulticastGemInterworkingTpIf* interworkingTp) override;
+    int removeTCont(OmciMeTContIf* tCont) override;
+    int removeBridgePortService(unsigned short instance) override;
+    int removeMapperInterworkingTps(OmciMeMapperServiceProfile802_1PIf* mapper,
+                                    unsigned short defaultTpPointer) override;
+    int removeVeip(OmciMeVirtualEthernetInterfacePointIf* veip) override;
+    int removeVoipMediaProfile(OmciMeVoipMediaProfileIf* profile) override;
+    int removeSipUser(OmciMeSipUserDataIf* user) override;
+    int removeSipAgent(OmciMeSipAgentConfigDataIf* agent) override;
+    int provisionGemInterworkingTp(OmciMeGemInterworkingTpIf* interworkingTp) override;
+    int provisionMulticastGemInterworkingTp(OmciMeMulticastGemInterworkingTpIf* interworkingTp) override;
+    int provisionBridgePort(OmciMeMacBridgePortConfigurationDataIf* port) override;
+    int provisionMapper(OmciMeMapperServiceProfile802_1PIf* mapper) override;
+    int provisionVeip(OmciMeVirtualEthernetInterfacePointIf* veip) override;
+    int provisionUniService(OmciMePptpEthernetUniIf* uni) override;
+    int reserved44() override;
+    int provisionVoipVoiceCtp(OmciMeVoipVoiceCTPIf* voiceCtp) override;
+    int provisionSipAgent(OmciMeSipAgentConfigDataIf* agent) override;
+    int sendAttributeValueChange(OmciMessage* message) override;
+    unsigned int provisionEvcAndEvcMap(const std::string& evcName, unsigned short evcVlan,
+                                       const std::string& evcMapName, unsigned short matchVlan, unsigned char priority,
+                                       bool noTagRemoved, bool request) override;
+    int setBatteryBackup(unsigned char value) override;
+    int reserved50() override;
+    int setUniAutodetection(unsigned short instance, unsigned char value) override;
+    int setGemPortAdminState(unsigned short instance, unsigned short portId, unsigned char state) override;
+    int setUniAdminState(unsigned short instance, unsigned char state) override;
+    unsigned char getUniOperationalState(EnumOmciAction action, unsigned short instance) override;
+    unsigned int getUniLinkSpeed(EnumOmciAction action, unsigned short instance) override;
+    unsigned char getUniDuplex(EnumOmciAction action, unsigned short instance) override;
+    int setVideoAdminState(unsigned short instance, unsigned char state) override;
+    int applyPotsUni(unsigned short instance, unsigned int word, unsigned char txGain) override;
+    int reserved59() override;
+    int refreshPotsUni(EnumOmciAction action, unsigned short instance) override;
+    int createPmInstance(unsigned short classId, unsigned short instance) override;
+    int deletePmInstance(unsigned short classId, unsigned short instance) override;
+    int sendRemoteDebugCommand(const unsigned char* command) override;
+    int applyTwdmSystemProfile(TwdmSystemProfile profile) override;
+    int setTwdmChannelPartitionIndex(unsigned short instance, unsigned char value) override;
+    int setTwdmChannelPartitionWaiverTimer(unsigned short instance, unsigned int value) override;
+    int setTwdmDownstreamTuningTimer(unsigned short instance, unsigned int value) override;
+    int setTwdmLodsProtectionTimer(unsigned short instance, unsigned int value) override;
+    int setTwdmLodsReinitializationTimer(unsigned short instance, unsigned int value) override;
+    int setTwdmUpstreamTuningTimer(unsigned short instance, unsigned int value) override;
+    int applyVoipConfig(unsigned short instance, unsigned int word1, unsigned int word2) override;
+    int reserved72() override;
+    int synchronizeTime() override;
+    int testAni(unsigned short transactionId) override;
+    int testOnu(unsigned short transactionId) override;
+    int reserved76() override;
+    int reserved77() override;
+    int reserved78() override;
+    int reserved79() override;
+    int notifyMibUploadState(unsigned char state) override;
+    int notifySoftwareDownloadStatus(unsigned char status) override;
+    unsigned char resolveDot1agLayer2Entity(unsigned short layer2EntityPointer, unsigned char layer2Type,
+                                            unsigned short* bridgeServiceProfile) override;
+    int setOltTimeOfDay(unsigned int superFrameCounter, unsigned long long seconds, unsigned int nanoseconds) override;
+    int notifyOltVendorId() override;
+    int setOntTimeOfDay(const time_t* time) override;
+
+private:
+    HardwareCall call(const char* operation, std::initializer_list<Json> arguments);
+    /// The call of an operation that the library waits for.
+    HardwareCall slowCall(const char* operation, std::initializer_list<Json> arguments);
+    int reserved(const char* operation);
+    /// Where a refresh is to be answered: null when it is not.
+    OmciManagedEntitiesCore* reportee() const;
+    /// The known counters of a class; null when nothing was ever told.
+    Json counters(unsigned short classId, unsigned short instance) const;
+    void rememberLevels(const std::string& entry, const Json& arguments);
+    template <typename Record>
+    Record counterRecord(unsigned short classId, unsigned short instance) const;
+
+    HardwareRecorder& m_Recorder;
+    OmciManagedEntitiesCore* m_Core = nullptr;
+    std::function<void(OmciMessage&)> m_AttributeValueChange;
+    mutable std::mutex m_Mutex;
+    HardwareSettings m_Settings;
+};
+
+#endif

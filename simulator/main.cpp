@@ -1,0 +1,61 @@
+// onu-sim: the library in a host process with simulated hardware.
+#include <csignal>
+#include <cstdio>
+#include <exception>
+#include <iostream>
+#include <optional>
+
+#include "Describe.h"
+#include "HeldOutput.h"
+#include "OmciManagedEntityRegistrar.h"
+#include "Options.h"
+#include "Simulator.h"
+#include "sandbox/Sandbox.h"
+
+namespace {
+/// Before any thread exists, so that all inherit it: the event loop takes these signals from a descriptor.
+void blockSignals()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGINT);
+    sigaddset(&signals, SIGTERM);
+    sigprocmask(SIG_BLOCK, &signals, nullptr);
+}
+
+void run(const Options& options)
+{
+    Sandbox::setLibraryAddress(reinterpret_cast<const void*>(&OmciManagedEntityRegistrar::getInstance));
+    if (!options.stateDirectory.empty()) {
+        Sandbox::useDirectory(options.stateDirectory);
+    } else {
+        // Made now, so that a machine without room for it says so at the start.
+        Sandbox::directory();
+    }
+    if (options.describe) {
+        std::cout << describeClasses().dump(2) << std::endl;
+        return;
+    }
+    std::optional<HeldOutput> held(std::in_place);
+    Simulator simulator(options);
+    held->printFirst(("listening on " + simulator.listenAddress() + '\n').c_str());
+    held.reset();
+    simulator.run();
+}
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    Options options;
+    if (const auto exitCode = parseOptions(argc, argv, options)) {
+        return *exitCode;
+    }
+    blockSignals();
+    try {
+        run(options);
+    } catch (const std::exception& problem) {
+        std::cerr << "onu-sim: " << problem.what() << '\n';
+        return 1;
+    }
+    return 0;
+}
