@@ -54,7 +54,7 @@ std::optional<IniFile> IniFile::load(const std::string& path, const char* functi
         std::fclose(opened);
     }
     if (!loaded) {
-        Logger::getInstance(kLoggerId)->writeToLog(0, function, file, line, 3, "Can't load file(%s)", path.c_str());
+        logger().writeToLog(0, function, file, line, 3, "Can't load file(%s)", path.c_str());
         return std::nullopt;
     }
     return IniFile(std::move(contents));

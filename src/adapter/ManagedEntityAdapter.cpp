@@ -61,7 +61,7 @@ void ManagedEntityAdapter::eraseAllManagedEntityInstances() const
 int ManagedEntityAdapter::findManagedEntityInstance(unsigned short instance) const
 {
     LOG(6, "Instance(%hu)", instance);
-    if (description().store.getManagedEntityInstance(instance) == nullptr) {
+    if (description().store.find(instance) == nullptr) {
         LOG(3, "Instance(%hu) not found", instance);
         return -1;
     }
@@ -71,7 +71,7 @@ int ManagedEntityAdapter::findManagedEntityInstance(unsigned short instance) con
 bool ManagedEntityAdapter::getAlarmsBitmap(unsigned short instance, std::bitset<223>& bitmap) const
 {
     LOG(6, "Instance(%hu)", instance);
-    const void* object = description().store.getManagedEntityInstance(instance);
+    const void* object = description().store.find(instance);
     if (object == nullptr) {
         LOG(3, "Instance(%hu) not found", instance);
         return false;
@@ -84,7 +84,7 @@ bool ManagedEntityAdapter::getAlarmsBitmap(unsigned short instance, std::bitset<
 int ManagedEntityAdapter::updateAlarmsBitmap(unsigned short instance, unsigned char alarmNumber, bool state) const
 {
     LOG(6, "Instance(%hu); Alarm(%hhu; %hhu)", instance, alarmNumber, state);
-    void* object = description().store.getManagedEntityInstance(instance);
+    void* object = description().store.find(instance);
     if (object == nullptr) {
         LOG(3, "Instance(%d) not found", instance);
         return -1;
@@ -112,7 +112,7 @@ int ManagedEntityAdapter::setAttribute(unsigned short instance, const attributeD
         NRVK_LOG_FOR_CLASS(entity, 3, "NULL 'attributeDefinition(%p)' or 'buffer(%p)' pointer", definition, buffer);
         return -1;
     }
-    void* object = entity.store.getManagedEntityInstance(instance);
+    void* object = entity.store.find(instance);
     if (object == nullptr) {
         NRVK_LOG_FOR_CLASS(entity, 3, "Instance(%hu) not found", instance);
         return -1;
@@ -136,7 +136,7 @@ int ManagedEntityAdapter::getAttribute(unsigned short instance, const attributeD
         NRVK_LOG_FOR_CLASS(entity, 3, "NULL 'attributeDefinition(%p)' or 'buffer(%p)' pointer", definition, buffer);
         return -1;
     }
-    const void* object = entity.store.getManagedEntityInstance(instance);
+    const void* object = entity.store.find(instance);
     if (object == nullptr) {
         NRVK_LOG_FOR_CLASS(entity, 3, "Instance(%hu) not found", instance);
         return -1;
@@ -289,6 +289,6 @@ int ManagedEntityAdapter::applyConfigurationToHardwareForSet(unsigned short inst
     if (entity.object.applyConfigurationToHardwareForSet == nullptr) {
         return 0;
     }
-    void* object = entity.store.getManagedEntityInstance(instance);
+    void* object = entity.store.find(instance);
     return object != nullptr ? entity.object.applyConfigurationToHardwareForSet(object) : -1;
 }

@@ -8,7 +8,7 @@ OmciHardwareIfc* hardwareOrLog(const char* function, const char* file, unsigned 
 {
     OmciHardwareIfc* found = hardware();
     if (found == nullptr) {
-        Logger::getInstance(kLoggerId)->writeToLog(0, function, file, line, 3, "Detected NULL pointer");
+        logger().writeToLog(0, function, file, line, 3, "Detected NULL pointer");
     }
     return found;
 }

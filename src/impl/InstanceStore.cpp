@@ -2,15 +2,6 @@
 
 namespace nrvk {
 
-void* InstanceStore::lookUp(unsigned short instance) const
-{
-    if (m_Instances == nullptr) {
-        return nullptr;
-    }
-    const auto found = m_Instances->find(instance);
-    return found != m_Instances->end() ? found->second : nullptr;
-}
-
 const InstanceStore::Instances::value_type* InstanceStore::entryFrom(unsigned int from) const
 {
     if (m_Instances == nullptr || from > 0xFFFF) {
@@ -61,13 +52,16 @@ bool InstanceStore::deleteManagedEntityInstance(unsigned short instance, bool cr
     return true;
 }
 
+void* InstanceStore::logMissing(unsigned short instance) const
+{
+    static const LogName function("getManagedEntityInstance");
+    logForClass(function, m_Description.file, m_Description.line, 6, "Instance(%hu) not found", instance);
+    return nullptr;
+}
+
 void* InstanceStore::getManagedEntityInstance(unsigned short instance) const
 {
-    void* object = lookUp(instance);
-    if (object == nullptr) {
-        NRVK_LOG_FOR_CLASS(m_Description, 6, "Instance(%hu) not found", instance);
-    }
-    return object;
+    return find(instance);
 }
 
 void* InstanceStore::getFirstManagedEntityInstance() const

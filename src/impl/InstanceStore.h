@@ -46,6 +46,12 @@ public:
     bool deleteManagedEntityInstance(unsigned short instance, bool createdByOlt);
     /// Null when there is no such instance.
     void* getManagedEntityInstance(unsigned short instance) const;
+    /// The same in line, for the road of a Set or Get.
+    void* find(unsigned short instance) const
+    {
+        void* object = lookUp(instance);
+        return __builtin_expect(object != nullptr, 1) ? object : logMissing(instance);
+    }
     void* getFirstManagedEntityInstance() const;
     /// The first instance strictly above the id, which need not exist.
     void* getNextManagedEntityInstance(unsigned short instance) const;
@@ -62,7 +68,16 @@ public:
 private:
     using Instances = std::map<unsigned short, void*>;
 
-    void* lookUp(unsigned short instance) const;
+    void* lookUp(unsigned short instance) const
+    {
+        if (m_Instances == nullptr) {
+            return nullptr;
+        }
+        const auto found = m_Instances->find(instance);
+        return found != m_Instances->end() ? found->second : nullptr;
+    }
+    /// Null, with the line that says so.
+    void* logMissing(unsigned short instance) const;
     /// The first entry at or above `from`, or null; ids are 16 bits wide, so that 0x10000 is the end.
     const Instances::value_type* entryFrom(unsigned int from) const;
 

@@ -5,6 +5,15 @@
 
 namespace nrvk {
 
+std::atomic<Logger*> loggerOfLibrary{nullptr};
+
+Logger& askForLogger()
+{
+    Logger* logger = Logger::getInstance(kLoggerId);
+    loggerOfLibrary.store(logger, std::memory_order_relaxed);
+    return *logger;
+}
+
 const std::string& internLogName(const std::string& name)
 {
     // Never destroyed: log calls may come from timer and writer threads while the process ends.

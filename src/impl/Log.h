@@ -11,6 +11,16 @@ namespace nrvk {
 
 constexpr int kLoggerId = 150;
 
+extern std::atomic<Logger*> loggerOfLibrary;
+Logger& askForLogger();
+
+/// The host's logger for the library; there is one for each id, kept for the life of the process.
+inline Logger& logger()
+{
+    Logger* known = loggerOfLibrary.load(std::memory_order_relaxed);
+    return __builtin_expect(known != nullptr, 1) ? *known : askForLogger();
+}
+
 /// A name that the host's logger takes as std::string. The string is made for the first line and kept, so that a warm
 /// log call allocates nothing.
 class LogName
@@ -21,7 +31,7 @@ public:
     const std::string& get() const
     {
         const std::string* name = m_Name.load(std::memory_order_acquire);
-        return name != nullptr ? *name : make();
+        return __builtin_expect(name != nullptr, 1) ? *name : make();
     }
 
 private:
@@ -63,8 +73,7 @@ auto logArgument(T value)
 template <typename... Arguments>
 [[gnu::noinline]] void logAt(const LogSite& site, const char* format, Arguments... arguments)
 {
-    Logger::getInstance(kLoggerId)->writeToLog(0, site.function.get(), site.file.get(), site.line, site.level, format,
-                                               arguments...);
+    logger().writeToLog(0, site.function.get(), site.file.get(), site.line, site.level, format, arguments...);
 }
 
 template <typename... Arguments>

@@ -13,8 +13,9 @@ enum class Operation : unsigned int
 
 constexpr const char* kPrefixes[kAttributeOperations] = {"get", "getDefault", "set"};
 
-const std::string& makeFunctionName(const ManagedEntityDescription& description, unsigned int attribute,
-                                    Operation operation, std::atomic<const std::string*>& slot)
+[[gnu::noinline]] const std::string& makeFunctionName(const ManagedEntityDescription& description,
+                                                      unsigned int attribute, Operation operation,
+                                                      std::atomic<const std::string*>& slot)
 {
     const char* prefix = kPrefixes[static_cast<unsigned int>(operation)];
     const std::string& name = internLogName(std::string(prefix) + description.attributes[attribute].name);
@@ -22,29 +23,28 @@ const std::string& makeFunctionName(const ManagedEntityDescription& description,
     return name;
 }
 
-const std::string& functionName(const ManagedEntityDescription& description, unsigned int attribute,
-                                Operation operation)
+inline const std::string& functionName(const ManagedEntityDescription& description, unsigned int attribute,
+                                       Operation operation)
 {
     const unsigned int index = attribute * kAttributeOperations + static_cast<unsigned int>(operation);
     std::atomic<const std::string*>& slot = description.functionNames[index];
     const std::string* name = slot.load(std::memory_order_acquire);
-    return name != nullptr ? *name : makeFunctionName(description, attribute, operation, slot);
+    return __builtin_expect(name != nullptr, 1) ? *name : makeFunctionName(description, attribute, operation, slot);
 }
 
 void logValue(const ManagedEntityDescription& description, unsigned int attribute, Operation operation,
               unsigned int line, unsigned short instance, unsigned long long value)
 {
-    Logger::getInstance(kLoggerId)->writeToLog(0, functionName(description, attribute, operation),
-                                               description.file.get(), line, 6, "Instance(%hu); Value(%llu)", instance,
-                                               value);
+    logger().writeToLog(0, functionName(description, attribute, operation), description.file.get(), line, 6,
+                        "Instance(%hu); Value(%llu)", instance, value);
 }
 
 /// Octets are not rendered: that would cost on every call what a dump shows on request.
 void logInstance(const ManagedEntityDescription& description, unsigned int attribute, Operation operation,
                  unsigned int line, unsigned short instance)
 {
-    Logger::getInstance(kLoggerId)->writeToLog(0, functionName(description, attribute, operation),
-                                               description.file.get(), line, 6, "Instance(%hu)", instance);
+    logger().writeToLog(0, functionName(description, attribute, operation), description.file.get(), line, 6,
+                        "Instance(%hu)", instance);
 }
 
 }  // namespace

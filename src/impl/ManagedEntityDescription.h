@@ -53,7 +53,7 @@ template <typename... Arguments>
 [[gnu::noinline]] void logForClassAt(const LogName& function, const LogName& file, unsigned int line,
                                      unsigned char level, const char* format, Arguments... arguments)
 {
-    Logger::getInstance(kLoggerId)->writeToLog(0, function.get(), file.get(), line, level, format, arguments...);
+    logger().writeToLog(0, function.get(), file.get(), line, level, format, arguments...);
 }
 
 template <typename... Arguments>

@@ -6,7 +6,7 @@ namespace nrvk {
 
 int refuse(const char* text, unsigned char value, const char* function, const char* file, unsigned int line)
 {
-    Logger::getInstance(kLoggerId)->writeToLog(0, function, file, line, 3, text, logArgument(value));
+    logger().writeToLog(0, function, file, line, 3, text, logArgument(value));
     return -1;
 }
 
