@@ -2,13 +2,12 @@
 
 #include <algorithm>
 
-#include "impl/Hardware.h"
 #include "impl/Log.h"
+#include "implExtended/DataPath.h"
 
 namespace {
 
 constexpr unsigned char kDynamicAddressing = 0x01;
-constexpr unsigned char kTpKindIpHost = 4;
 constexpr std::size_t kAddressBytes = 4;
 
 bool isUnset(const unsigned char* address)
@@ -48,16 +47,6 @@ bool OmciMeIpHostConfigDataImplExtended::hasWhatStaticAddressingNeeds() const
            !isUnset(getGateway(OMCI_ACTION_GET));
 }
 
-OmciMeMacBridgePortConfigurationDataIf*
-OmciMeIpHostConfigDataImplExtended::findBridgePort(OmciHardwareIfc* hardware) const
-{
-    OmciMeMacBridgePortConfigurationDataIf* port = nullptr;
-    if (hardware != nullptr) {
-        hardware->findMacBridgePortByTp(kTpKindIpHost, m_ManagedEntityInstance, &port);
-    }
-    return port;
-}
-
 int OmciMeIpHostConfigDataImplExtended::applyConfigurationToHardwareForSet()
 {
     NRVK_LOG(4, "Managed Entity Instance(%hu)", m_ManagedEntityInstance);
@@ -65,13 +54,12 @@ int OmciMeIpHostConfigDataImplExtended::applyConfigurationToHardwareForSet()
     if (!dynamic && !hasWhatStaticAddressingNeeds()) {
         return 0;
     }
-    OmciHardwareIfc* hardware = nrvk::hardwareOrLog();
-    OmciMeMacBridgePortConfigurationDataIf* port = findBridgePort(hardware);
+    auto* port = nrvk::findBridgePort(nrvk::BridgePortKey::ipHost, m_ManagedEntityInstance);
     if (port == nullptr) {
         NRVK_LOG(3, "MAC bridge port config data not found");
         return -1;
     }
-    hardware->provisionBridgePort(port);
+    nrvk::provisionBridgePort(*port);
     return 0;
 }
 
@@ -82,11 +70,10 @@ int OmciMeIpHostConfigDataImplExtended::eraseConfigurationFromHardware()
 
 void OmciMeIpHostConfigDataImplExtended::layer2Provisioning()
 {
-    OmciHardwareIfc* hardware = nrvk::hardwareOrLog();
-    OmciMeMacBridgePortConfigurationDataIf* port = findBridgePort(hardware);
+    auto* port = nrvk::findBridgePort(nrvk::BridgePortKey::ipHost, m_ManagedEntityInstance);
     if (port == nullptr) {
         NRVK_LOG(4, "UNI MAC bridge port not linked to IP Host");
         return;
     }
-    hardware->provisionBridgePort(port);
+    nrvk::provisionBridgePort(*port);
 }

@@ -1,7 +1,6 @@
 #ifndef NRVK_IMPL_EXTENDED_OMCIMEIPHOSTCONFIGDATAIMPLEXTENDED_H
 #define NRVK_IMPL_EXTENDED_OMCIMEIPHOSTCONFIGDATAIMPLEXTENDED_H
 
-#include "OmciHardwareIfc.h"
 #include "impl/OmciMeIpHostConfigDataImpl.h"
 
 /// IP host config data (G.988 9.4.1, class 134): the ONU's IPv4 host. Once it can get an address, its bridge port is
@@ -31,8 +30,6 @@ public:
 
 private:
     bool hasWhatStaticAddressingNeeds() const;
-    /// The bridge port that points at this host; null without one, or without a hardware layer.
-    OmciMeMacBridgePortConfigurationDataIf* findBridgePort(OmciHardwareIfc* hardware) const;
 };
 
 #endif
