@@ -38,6 +38,8 @@ std::optional<int> parseOptions(int argc, char** argv, Options& options)
         ->check(checkTimeScale)
         ->capture_default_str();
     program.add_flag("--describe", options.describe, "print the managed-entity classes as JSON and exit");
+    program.set_version_flag("--version", "onu-sim " NRVK_VERSION);
+    program.footer("Example: onu-sim --listen 127.0.0.1:5000 --control /tmp/onu.sock --hardware-log calls.jsonl");
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -44,6 +44,12 @@ class Program(OnuSimTest):
         simulator.stop()
         self.assertTrue(os.path.exists(path))
 
+    def test_help_and_version_are_there(self):
+        for option, text in (("--version", "onu-sim "), ("--help", "--listen")):
+            outcome = subprocess.run([PROGRAM, option], capture_output=True, text=True, check=False)
+            self.assertEqual(outcome.returncode, 0)
+            self.assertIn(text, outcome.stdout)
+
     def test_bad_options_are_refused_in_words(self):
         self.assertIn("ADDR:PORT", self.refuse("--listen", "nonsense"))
         self.assertIn("0 to 65535", self.refuse("--listen", "127.0.0.1:70000"))
