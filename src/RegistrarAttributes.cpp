@@ -13,6 +13,7 @@
 #include "OmciMeManager.h"
 #include "OmciMessage.h"
 #include "attributeDefinition.h"
+#include "impl/BigEndian.h"
 #include "impl/Log.h"
 
 namespace {
@@ -44,14 +45,10 @@ private:
 };
 
 template <typename T>
-void storeBigEndian(std::vector<unsigned char>& stored, T value)
+void storeNumber(std::vector<unsigned char>& stored, T value)
 {
     stored.resize(sizeof(T));
-    auto rest = static_cast<unsigned long long>(value);
-    for (std::size_t i = stored.size(); i-- > 0;) {
-        stored[i] = static_cast<unsigned char>(rest);
-        rest >>= 8;
-    }
+    nrvk::writeBigEndian(stored.data(), stored.size(), value);
 }
 
 void storeText(std::vector<unsigned char>& stored, const std::string& value)
@@ -130,7 +127,7 @@ int OmciManagedEntityRegistrar::updateAttribute(Picture::iterator managedEntity,
         NRVK_LOG(4, "Key(%d) not found", key);
     } else {
         NRVK_LOG(6, "Updating with (%s)", ValueText(value).get());
-        storeBigEndian(entry->second, value);
+        storeNumber(entry->second, value);
         result = 0;
     }
     NRVK_LOG(6, "Result(%d)", result);

@@ -4,25 +4,11 @@
 #include <cstring>
 #include <type_traits>
 
+#include "impl/BigEndian.h"
+
 namespace nrvk {
 
 namespace {
-
-unsigned long long readBigEndian(const unsigned char* buffer, std::size_t size)
-{
-    unsigned long long value = 0;
-    for (std::size_t i = 0; i < size; ++i) {
-        value = (value << 8) | buffer[i];
-    }
-    return value;
-}
-
-void writeBigEndian(unsigned char* buffer, std::size_t size, unsigned long long value)
-{
-    for (std::size_t i = size; i-- > 0; value >>= 8) {
-        buffer[i] = static_cast<unsigned char>(value);
-    }
-}
 
 /// Bytes that a number takes on the wire: never fewer than in memory.
 template <typename T>
