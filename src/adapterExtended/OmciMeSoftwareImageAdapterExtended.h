@@ -84,6 +84,9 @@ public:
     static void* flashWriterCallback(void* parameters);
 
 private:
+    /// Tests begin with the state of a new process.
+    friend struct SoftwareDownloadState;
+
     using Lock = std::lock_guard<std::mutex>;
 
     enum HardwareNotification : unsigned char
@@ -98,6 +101,8 @@ private:
     struct SectionOutcome;
     struct SectionConflict;
     struct ImageCheck;
+    class ImageUse;
+    class WriterHold;
 
     /// The state at one moment.
     struct Snapshot
@@ -137,7 +142,6 @@ private:
     static int makeRoomForImage(unsigned int imageSize);
     /// Puts the storage of a new transfer in place of the old one, which the caller frees.
     [[nodiscard]] static unsigned char* replaceImage(unsigned char* image);
-    static void releaseImage();
 
     static void logSectionConflict(const SectionConflict& conflict, unsigned short instance);
     static void announceSection(const SectionOutcome& outcome);
@@ -147,8 +151,7 @@ private:
     int endTransfer(OmciFrame& frame);
     static ImageCheck checkImage(const OmciFrame& frame);
     static int refuseImage(OmciFrame& frame, const ImageCheck& check);
-    int startWriter(OmciFrame& frame);
-    static void letWriterGo();
+    int startWriter(OmciFrame& frame, ImageUse& use);
 
     static bool saveImage();
     static void verifyImage(void* parameters);

@@ -4,7 +4,7 @@
 
 #include "CRC32.h"
 #include "OmciFrame.h"
-#include "adapterExtended/OmciMeSoftwareImageAdapterExtended.h"
+#include "adapterExtended/SoftwareDownloadGuards.h"
 #include "impl/Hardware.h"
 #include "impl/Log.h"
 
@@ -115,13 +115,13 @@ int OmciMeSoftwareImageAdapterExtended::answerWhileBusy(OmciFrame& frame, unsign
 
 int OmciMeSoftwareImageAdapterExtended::endTransfer(OmciFrame& frame)
 {
+    ImageUse use;
     const ImageCheck check = checkImage(frame);
     if (!check.passed()) {
-        releaseImage();
         return refuseImage(frame, check);
     }
     NRVK_LOG(5, "Download completed on image %u (%i bytes)", frame.getManagedEntityInstance(), check.expectedSize);
-    return startWriter(frame);
+    return startWriter(frame, use);
 }
 
 OmciMeSoftwareImageAdapterExtended::ImageCheck OmciMeSoftwareImageAdapterExtended::checkImage(const OmciFrame& frame)
@@ -152,13 +152,13 @@ int OmciMeSoftwareImageAdapterExtended::refuseImage(OmciFrame& frame, const Imag
     return -1;
 }
 
-int OmciMeSoftwareImageAdapterExtended::startWriter(OmciFrame& frame)
+int OmciMeSoftwareImageAdapterExtended::startWriter(OmciFrame& frame, ImageUse& use)
 {
     m_FlashWriterParameters.adapter = this;
+    const WriterHold hold;
     {
         const Lock lock(m_Mutex);
         ++m_WritersRunning;
-        m_IsWriterHeld = 1;
     }
     pthread_t thread{};
     const int error = pthread_create(&thread, nullptr, flashWriterCallback, &m_FlashWriterParameters);
@@ -166,13 +166,12 @@ int OmciMeSoftwareImageAdapterExtended::startWriter(OmciFrame& frame)
         {
             const Lock lock(m_Mutex);
             --m_WritersRunning;
-            m_IsWriterHeld = 0;
-            m_IsImageInUse = 0;
         }
         errno = error;
         NRVK_LOG(3, "pthread_create() failed(%d)", error);
         return error;
     }
+    use.handOver();
     pthread_setname_np(thread, "omciFlashWrite");
     // The OLT polls from here on, and sees success only after the write.
     reply(frame, 6);
@@ -181,6 +180,5 @@ int OmciMeSoftwareImageAdapterExtended::startWriter(OmciFrame& frame)
         m_FlashWriterThreadId = thread;
     }
     updateSoftwareDownloadStatus(STATUS_ACCEPTED);
-    letWriterGo();
     return 0;
 }

@@ -1,5 +1,5 @@
 // Start software download: the target, the window and the room for the image.
-#include "adapterExtended/OmciMeSoftwareImageAdapterExtended.h"
+#include "adapterExtended/SoftwareDownloadGuards.h"
 
 #include <sys/statvfs.h>
 
@@ -59,9 +59,8 @@ int OmciMeSoftwareImageAdapterExtended::startSoftwareDownload(OmciFrame* frame)
         NRVK_LOG(3, "SoftwareDownloadStatus(%s) is not idle", statusWord(status).c_str());
         return -1;
     }
-    const int result = tryToStart(*frame);
-    releaseImage();
-    return result;
+    const ImageUse use;
+    return tryToStart(*frame);
 }
 
 int OmciMeSoftwareImageAdapterExtended::tryToStart(OmciFrame& frame)
@@ -175,10 +174,4 @@ unsigned char* OmciMeSoftwareImageAdapterExtended::replaceImage(unsigned char* i
     m_ImageOffset = 0;
     m_ImageOffsetCopy = 0;
     return std::exchange(m_ImageStorage, image);
-}
-
-void OmciMeSoftwareImageAdapterExtended::releaseImage()
-{
-    const Lock lock(m_Mutex);
-    m_IsImageInUse = 0;
 }

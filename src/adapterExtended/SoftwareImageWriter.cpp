@@ -51,13 +51,6 @@ void* OmciMeSoftwareImageAdapterExtended::flashWriterCallback(void* parameters)
     return nullptr;
 }
 
-void OmciMeSoftwareImageAdapterExtended::letWriterGo()
-{
-    const Lock lock(m_Mutex);
-    m_IsWriterHeld = 0;
-    m_WriterChanged.notify_all();
-}
-
 bool OmciMeSoftwareImageAdapterExtended::saveImage()
 {
     // Deliberately not truncated: a longer image of before keeps its tail.
