@@ -62,6 +62,7 @@ std::vector<unsigned short> instancesOf(const OmciMe& me)
 
 std::vector<attributeDefinition> attributesOf(const OmciMe& me)
 {
+    // cppcheck-suppress AssignmentAddressToInteger ; it takes a type of pointers to members for an assignment
     using ListOperation = int (OmciMe::*)(std::list<attributeDefinition>*) const;
     constexpr ListOperation operations[] = {&OmciMe::getAttributesListForGet,    &OmciMe::getAttributesListForSet,
                                             &OmciMe::getAttributesListForCreate, &OmciMe::getAttributesListForMibUpload,
