@@ -65,9 +65,6 @@ void omci::setLogSink(std::shared_ptr<spdlog::sinks::sink> sink)
     backEnd().sinks() = {std::move(sink)};
 }
 
-Logger::Logger(int id) : m_Id(id)
-{}
-
 Logger* Logger::makeInstance(int id)
 {
     static std::mutex mutex;
@@ -75,7 +72,7 @@ Logger* Logger::makeInstance(int id)
     const std::lock_guard lock(mutex);
     Logger*& logger = (*loggers)[id];
     if (logger == nullptr) {
-        logger = new Logger(id);
+        logger = new Logger;
     }
     if (isDirect(id)) {
         directLoggers[static_cast<std::size_t>(id)].store(logger, std::memory_order_release);

@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 #include <type_traits>
 
@@ -86,7 +85,7 @@ int OmciManagedEntityRegistrar::writeAttribute(unsigned short classId, unsigned 
     }
     // A one-byte report of a wider attribute is legal: the rest reads as zeros. Eight bytes are the widest number.
     std::array<unsigned char, 256 + 8> padded{};
-    std::memcpy(padded.data(), value, std::min(length, padded.size()));
+    std::copy_n(value, std::min(length, padded.size()), padded.begin());
     attributeDefinition definition{};
     definition.attributeMask = attributeMask;
     definition.attributeSize = size;

@@ -35,14 +35,13 @@ public:
     void setObserver(Observer observer, void* context);
 
 private:
-    explicit Logger(int id);
+    Logger() = default;
 
     /// Out of line on purpose, both: what is called for every dropped line stays short.
     [[gnu::noinline]] static Logger* makeInstance(int id);
     [[gnu::noinline]] void writeLine(const std::string& function, const std::string& file, unsigned int line,
                                      unsigned char level, const char* format, va_list arguments);
 
-    int m_Id;
     std::atomic<unsigned char> m_Level{6};
     /// The level up to which a line must be formatted at all: that of the sink, or 255 with an observer.
     std::atomic<unsigned char> m_FormatLevel{6};

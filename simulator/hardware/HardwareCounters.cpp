@@ -5,8 +5,6 @@
 
 namespace {
 constexpr unsigned short kClassEthernetPm = 24;
-constexpr unsigned short kClassEthernetFramePmDownstream = 321;
-constexpr unsigned short kClassEthernetFramePmUpstream = 322;
 constexpr unsigned short kClassGalEthernetPm = 276;
 constexpr unsigned short kClassFecPm = 312;
 constexpr unsigned short kClassGemPortPm = 341;

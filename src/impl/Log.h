@@ -69,12 +69,16 @@ auto logArgument(T value)
     }
 }
 
+// The format is a literal at every NRVK_LOG; here it is not one any more.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-security"
 /// Out of line on purpose: a call site then costs a few instructions.
 template <typename... Arguments>
 [[gnu::noinline]] void logAt(const LogSite& site, const char* format, Arguments... arguments)
 {
     logger().writeToLog(0, site.function.get(), site.file.get(), site.line, site.level, format, arguments...);
 }
+#pragma GCC diagnostic pop
 
 template <typename... Arguments>
 inline void logLine(const LogSite& site, const char* format, Arguments... arguments)

@@ -48,6 +48,9 @@ const unsigned char* logGetDefault(const ManagedEntityDescription& description, 
 int logSet(const ManagedEntityDescription& description, unsigned int attribute, unsigned int line,
            unsigned short instance);
 
+// The format is a literal at every NRVK_LOG_FOR_CLASS; here it is not one any more.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-security"
 /// A line of shared code in the name of the class: the class's file, the shared function's name.
 template <typename... Arguments>
 [[gnu::noinline]] void logForClassAt(const LogName& function, const LogName& file, unsigned int line,
@@ -55,6 +58,7 @@ template <typename... Arguments>
 {
     logger().writeToLog(0, function.get(), file.get(), line, level, format, arguments...);
 }
+#pragma GCC diagnostic pop
 
 template <typename... Arguments>
 inline void logForClass(const LogName& function, const LogName& file, unsigned int line, unsigned char level,

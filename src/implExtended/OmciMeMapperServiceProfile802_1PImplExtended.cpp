@@ -109,9 +109,10 @@ bool OmciMeMapperServiceProfile802_1PImplExtended::findAddedPointer()
     for (unsigned short pbit = 0; pbit < kPbits; ++pbit) {
         // Deliberate: an untouched p-bit counts as having had TP 0, which tells it from one that had none.
         recordOldPointer(pbit, 0);
+        const PbitPointer& pointer = kPointers[pbit];
         const unsigned short old = m_OldPointers[pbit];
-        const unsigned short current = (this->*kPointers[pbit].get)(OMCI_ACTION_GET);
-        if (current != old && old == (this->*kPointers[pbit].getDefault)()) {
+        const unsigned short current = (this->*pointer.get)(OMCI_ACTION_GET);
+        if (current != old && old == (this->*pointer.getDefault)()) {
             added = true;
         }
     }

@@ -129,7 +129,13 @@ void registerMib(const OmciManagedEntitiesCore& core)
     core.getManagedEntitiesCore(managedEntities);
     OmciManagedEntityRegistrar* registrar = OmciManagedEntityRegistrar::getInstance();
     registrar->setSupportedManagedEntities(managedEntities);
+    const std::vector<OmciMe*> earlier = allAdapters();
     registrar->registerSupportedManagedEntities();
+    for (OmciMe* me : earlier) {
+        if (OmciMeFactory::getInstance()->getManagedEntity(me->getManagedEntityClassId()) != me) {
+            delete me;  // the start has put a new one in its place
+        }
+    }
     Sandbox::clearCommands();  // what the start itself asked of the shell is no test's business
 }
 
