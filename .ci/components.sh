@@ -87,6 +87,8 @@ component_clang() {
     ctest --test-dir build/clang --parallel "$JOBS" --output-on-failure --no-tests=error --output-junit "$CI_RESULT"
 }
 
+component_fuzz() { scripts/fuzz --smoke "${FUZZ_SECONDS:-20}"; }
+
 component_bench() { scripts/bench --smoke; }
 
 # What a newcomer does: a clone of what is committed, nothing built, one command.
