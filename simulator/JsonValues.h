@@ -128,6 +128,11 @@ Json to(T value)
     return value;
 }
 template <std::size_t Size>
+Json to(const char (&text)[Size])
+{
+    return to(std::string(text));
+}
+template <std::size_t Size>
 Json to(const unsigned char (&bytes)[Size])
 {
     return toHex(bytes, Size);
@@ -140,6 +145,15 @@ Json to(const T& record)
     records::fields(copy, [&json](const char* names, auto& field) {
         json[std::string(names).substr(0, std::string(names).find('|'))] = to(field);
     });
+    return json;
+}
+template <typename T, EnableForRecord<T> = 0>
+Json to(const std::vector<T>& all)
+{
+    Json json = Json::array();
+    for (const T& record : all) {
+        json.push_back(to(record));
+    }
     return json;
 }
 /// @}

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "OmciManagedEntitiesCore.h"
+#include "SoftwareDownloadAccess.h"
 
 namespace {
 using Core = OmciManagedEntitiesCore;
@@ -26,7 +27,7 @@ std::array<std::string*, 3> files()
 
 LibraryStatics::LibraryStatics()
     : m_StartupTable(std::begin(Core::defaultConfigManagedEntity), std::end(Core::defaultConfigManagedEntity)),
-      m_IsNrvkOltConnected(Core::m_IsNrvkOltConnected)
+      m_IsNrvkOltConnected(Core::m_IsNrvkOltConnected), m_SoftwareDownloadStatus(nrvk::getSoftwareDownloadStatus())
 {
     for (const unsigned char* count : counts()) {
         m_Counts.push_back(*count);
@@ -46,4 +47,5 @@ void LibraryStatics::restore() const
         *files()[i] = m_Files[i];
     }
     Core::m_IsNrvkOltConnected = m_IsNrvkOltConnected;
+    nrvk::updateSoftwareDownloadStatus(m_SoftwareDownloadStatus);
 }

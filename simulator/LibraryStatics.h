@@ -22,6 +22,7 @@ private:
     std::vector<unsigned char> m_Counts;
     std::array<std::string, 3> m_Files;
     bool m_IsNrvkOltConnected;
+    unsigned short m_SoftwareDownloadStatus;
 };
 
 #endif

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 #include "MibAccess.h"
 #include "OmciManagedEntityRegistrar.h"
@@ -112,7 +113,8 @@ void Onu::tearDown()
             deleteInstanceOfOnu(classId, instance);
         }
         registrar().unregisterManagedEntity(classId);
-        m_RetiredAdapters.push_back(me);
+        // Its timers end with it; the image writer is waited for.
+        delete me;
     }
     OmciManagedEntityRegistrar::deleteInstance();
     m_Core.reset();

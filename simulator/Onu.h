@@ -4,7 +4,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "BoardFile.h"
 #include "BoardHal.h"
@@ -13,8 +12,6 @@
 #include "hardware/SimulatedHardware.h"
 #include "host/Dispatcher.h"
 #include "host/Notifier.h"
-
-class OmciMe;
 
 /// The library with its host around it: brought up, restarted, and reached through here. One thread uses it.
 class Onu
@@ -59,8 +56,6 @@ private:
     omci::Notifier m_Notifier;
     omci::Dispatcher m_Dispatcher;
     std::unique_ptr<OmciManagedEntitiesCore> m_Core;
-    /// Adapters of earlier lives. Timers and the image writer may still point at them, so they are kept.
-    std::vector<OmciMe*> m_RetiredAdapters;
 };
 
 #endif

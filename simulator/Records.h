@@ -319,6 +319,33 @@ void fields(RecVlanTagFilData& record, Visitor&& visit)
     visit("TIT", record.TIT);
 }
 
+/// Without the bytes that are the hardware layer's own.
+template <typename Visitor>
+void fields(ExtendedVlanTaggingRuleContainer& record, Visitor&& visit)
+{
+    visit("ruleFlags", record.ruleFlags);
+    visit("inputTpid", record.inputTpid);
+    visit("outputTpid", record.outputTpid);
+    visit("downstreamMode", record.downstreamMode);
+    visit("frameTagCount", record.frameTagCount);
+    visit("tagAction", record.tagAction);
+    visit("FET", record.FET);
+    visit("FOT", record.FOT);
+    visit("FOV", record.FOV);
+    visit("FOP", record.FOP);
+    visit("FIT", record.FIT);
+    visit("FIV", record.FIV);
+    visit("FIP", record.FIP);
+    visit("TTR", record.TTR);
+    visit("TOT", record.TOT);
+    visit("TOV", record.TOV);
+    visit("TOP", record.TOP);
+    visit("TIT", record.TIT);
+    visit("TIV", record.TIV);
+    visit("TIP", record.TIP);
+    visit("dscpToPbitMapping", record.dscpToPbitMapping);
+}
+
 }  // namespace records
 
 #endif

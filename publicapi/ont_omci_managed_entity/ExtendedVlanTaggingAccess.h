@@ -1,6 +1,8 @@
 #ifndef ONT_OMCI_MANAGED_ENTITY_EXTENDED_VLAN_TAGGING_ACCESS_H
 #define ONT_OMCI_MANAGED_ENTITY_EXTENDED_VLAN_TAGGING_ACCESS_H
 
+#include <vector>
+
 #include "Export.h"
 #include "VlanRecords.h"
 
@@ -27,6 +29,17 @@ parseReceivedFrameVlanTaggingOperationTable(const OmciMeExtendedVlanTaggingOpera
 /// passed through. Its result, or 0 for a rule that makes no EVC.
 NRVK_EXPORT unsigned int sendEvcAndEvcMapToTmb(const OmciMeExtendedVlanTaggingOperationConfigurationDataIf& entity,
                                                const RecVlanTagFilData& frame, bool request);
+
+/// All rules of the table of received frames, in order of arrival.
+NRVK_EXPORT std::vector<RecVlanTagFilData>
+getTableOfReceivedFrames(const OmciMeExtendedVlanTaggingOperationConfigurationDataIf& entity);
+
+/// The library's own count of those rules. It has 8 bits and wraps: with 257 rules it is 1.
+NRVK_EXPORT unsigned char getRuleCount(const OmciMeExtendedVlanTaggingOperationConfigurationDataIf& entity);
+
+/// Empties the table of received frames. False, with the table intact, when the hardware interface is not set.
+NRVK_EXPORT bool
+deleteAllEntriesFromTableOfReceivedFrames(OmciMeExtendedVlanTaggingOperationConfigurationDataIf& entity);
 
 }  // namespace nrvk
 

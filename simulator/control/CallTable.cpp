@@ -9,6 +9,7 @@ CallTable::CallTable(Onu& onu)
     addCounterFeeds(onu);
     addStartupTable();
     addRegistrar();
+    addEntityCalls();
 }
 
 Json CallTable::run(const std::string& name, const Json& arguments) const

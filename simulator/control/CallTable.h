@@ -24,6 +24,7 @@ private:
     void addCounterFeeds(Onu& onu);
     void addStartupTable();
     void addRegistrar();
+    void addEntityCalls();
 
     std::map<std::string, calls::Call> m_Calls;
 };

@@ -4,12 +4,13 @@
 
 namespace {
 /// Named in the promise and not served yet.
-constexpr const char* kNotSupported[] = {"vlan", "rows", "show", "services"};
+constexpr const char* kNotSupported[] = {"rows", "services"};
 }  // namespace
 
 ControlRequests::ControlRequests(Onu& onu) : m_Onu(onu), m_Calls(onu)
 {
     addMibRequests();
+    addVlanRequests();
     addHardwareRequests();
     addOnuRequests();
     for (const char* name : kNotSupported) {

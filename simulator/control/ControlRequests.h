@@ -26,6 +26,7 @@ private:
 
     Json run(const Json& request) const;
     void addMibRequests();
+    void addVlanRequests();
     void addHardwareRequests();
     void addOnuRequests();
 

@@ -1,7 +1,12 @@
 // Requests about the ONU as a whole: calls by name, MIB reset, restart, timers, counters.
 #include <dlfcn.h>
 
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
 #include <sstream>
+#include <system_error>
 
 #include "NorvikTimer.h"
 #include "OmciMe.h"
@@ -46,6 +51,29 @@ Json listTimers(const Json& request)
         result.push_back({{"handler", nameOf(timer.handler)}, {"milliseconds_left", timer.millisecondsLeft}});
     }
     return {{"result", result}};
+}
+
+/// What the adapter prints.
+std::string softwareDownloadText()
+{
+    char* text = nullptr;
+    std::size_t size = 0;
+    FILE* file = open_memstream(&text, &size);
+    if (file == nullptr) {
+        throw std::system_error(errno, std::generic_category(), "no memory for the text");
+    }
+    adapter(kClassSoftwareImage).showSoftwareDownloadStatus(file);
+    std::fclose(file);
+    const std::unique_ptr<char, decltype(&std::free)> owned(text, std::free);
+    return {text, size};
+}
+
+Json show(const Json& request)
+{
+    if (request.at("show") != "software-download") {
+        throw BadRequest("the request is {\"show\":\"software-download\"}");
+    }
+    return {{"result", toText(softwareDownloadText())}};
 }
 
 Json showStatistics(Onu& onu, const Json& request)
@@ -111,5 +139,6 @@ void ControlRequests::addOnuRequests()
         return {{"result", 0}};
     };
     m_Requests["timers"] = listTimers;
+    m_Requests["show"] = show;
     m_Requests["statistics"] = [this](const Json& request) { return showStatistics(m_Onu, request); };
 }

@@ -1,8 +1,10 @@
 // The layer-2 data path: UNIs, bridge ports, mappers, GEM ports, T-CONTs.
 #include "JsonValues.h"
+#include "MapperServiceProfileAccess.h"
 #include "MibAccess.h"
 #include "hardware/EntityArguments.h"
 #include "hardware/SimulatedHardware.h"
+#include "hardware/VlanReads.h"
 
 namespace {
 /// Where a class keeps its two states.
@@ -48,6 +50,17 @@ OmciMeMacBridgePortConfigurationDataIf* findPort(unsigned char tpType, unsigned 
     return nullptr;
 }
 
+/// The interworking TPs that the mapper's p-bits had before.
+Json oldPointersOf(const OmciMeMapperServiceProfile802_1PIf& mapper)
+{
+    constexpr unsigned short pBits = 8;
+    Json pointers = Json::array();
+    for (unsigned short pBit = 0; pBit < pBits; ++pBit) {
+        pointers.push_back(nrvk::getOldInterworkingTpForPbit(mapper, pBit));
+    }
+    return pointers;
+}
+
 /// `layer2Type` of resolveDot1agLayer2Entity, G.988 9.3.22.
 constexpr unsigned char kLayer2BridgePort = 0;
 constexpr unsigned char kLayer2Mapper = 1;
@@ -79,6 +92,7 @@ int SimulatedHardware::provisionUniService(OmciMePptpEthernetUniIf* uni)
 {
     HardwareCall written = call("provisionUniService", {entity(uni)});
     readStates(written, kUniStates, uni->getManagedEntityInstance());
+    readVlanRules(written, *uni);
     return 0;
 }
 
@@ -110,7 +124,8 @@ int SimulatedHardware::removeBridgePortService(unsigned short instance)
 int SimulatedHardware::removeMapperInterworkingTps(OmciMeMapperServiceProfile802_1PIf* mapper,
                                                    unsigned short defaultTpPointer)
 {
-    const HardwareCall written = call("removeMapperInterworkingTps", {entity(mapper), defaultTpPointer});
+    HardwareCall written = call("removeMapperInterworkingTps", {entity(mapper), defaultTpPointer});
+    written.setRead("old", oldPointersOf(*mapper));
     return 0;
 }
 
@@ -135,13 +150,15 @@ int SimulatedHardware::provisionMulticastGemInterworkingTp(OmciMeMulticastGemInt
 
 int SimulatedHardware::provisionBridgePort(OmciMeMacBridgePortConfigurationDataIf* port)
 {
-    const HardwareCall written = call("provisionBridgePort", {entity(port)});
+    HardwareCall written = call("provisionBridgePort", {entity(port)});
+    readVlanRules(written, *port);
     return 0;
 }
 
 int SimulatedHardware::provisionMapper(OmciMeMapperServiceProfile802_1PIf* mapper)
 {
-    const HardwareCall written = call("provisionMapper", {entity(mapper)});
+    HardwareCall written = call("provisionMapper", {entity(mapper)});
+    written.setRead("old", oldPointersOf(*mapper));
     return 0;
 }
 

@@ -32,4 +32,21 @@ unsigned int sendEvcAndEvcMapToTmb(const OmciMeExtendedVlanTaggingOperationConfi
     return boundEntity(entity).sendEvcAndEvcMapToTmb(frame, request);
 }
 
+std::vector<RecVlanTagFilData>
+getTableOfReceivedFrames(const OmciMeExtendedVlanTaggingOperationConfigurationDataIf& entity)
+{
+    return boundEntity(entity).getTableOfReceivedFrames();
+}
+
+unsigned char getRuleCount(const OmciMeExtendedVlanTaggingOperationConfigurationDataIf& entity)
+{
+    return boundEntity(entity).getRuleCount();
+}
+
+bool deleteAllEntriesFromTableOfReceivedFrames(OmciMeExtendedVlanTaggingOperationConfigurationDataIf& entity)
+{
+    return static_cast<OmciMeExtendedVlanTaggingOperationConfigurationDataImplExtended&>(entity)
+        .deleteAllEntriesFromTableOfReceivedFrames();
+}
+
 }  // namespace nrvk

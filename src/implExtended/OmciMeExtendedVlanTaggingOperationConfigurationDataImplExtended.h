@@ -42,6 +42,10 @@ public:
     int parseReceivedFrameVlanTaggingOperationTable(ExtendedVlanTaggingRuleContainer* container) const;
     /// Has the rule's EVC and EVC map provisioned; the hardware operation's result, or 0 without one.
     unsigned int sendEvcAndEvcMapToTmb(const RecVlanTagFilData& frame, bool request) const;
+    /// All rules, in order of arrival.
+    const std::vector<RecVlanTagFilData>& getTableOfReceivedFrames() const { return m_TableOfReceivedFrames.rules(); }
+    /// How many they are, in 8 bits.
+    unsigned char getRuleCount() const { return m_TableOfReceivedFrames.ruleCount(); }
     /// @}
 
 private:

@@ -19,6 +19,7 @@ public:
     const RecVlanTagFilData* newest() const;
     /// Counts in 8 bits and wraps: with 257 rules it is 1.
     unsigned char ruleCount() const { return static_cast<unsigned char>(m_Rules.size()); }
+    const std::vector<RecVlanTagFilData>& rules() const { return m_Rules; }
 
 private:
     std::vector<RecVlanTagFilData> m_Rules;

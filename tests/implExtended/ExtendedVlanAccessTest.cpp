@@ -1,5 +1,6 @@
 // What the hardware layer asks for, and the attributes beside the table.
 #include "ExtendedVlanTaggingTest.h"
+#include "OmciManagedEntityRegistrar.h"
 
 namespace {
 
@@ -70,6 +71,32 @@ TEST_F(ExtendedVlanTagging, NothingIsClassifiedWithoutARowOrAContainer)
     write(RecVlanTagFilData{});
     EXPECT_EQ(nrvk::parseReceivedFrameVlanTaggingOperationTable(entity(), &container), 0);
     EXPECT_EQ(log.count(3, "RecVlanTagFilData is NULL"), 3U);
+}
+
+TEST_F(ExtendedVlanTagging, TableIsGivenOutInOrderOfArrivalBesideItsCountOf8Bits)
+{
+    associate(1, 0);
+    EXPECT_EQ(nrvk::getTableOfReceivedFrames(entity()), std::vector<RecVlanTagFilData>{});
+    EXPECT_EQ(nrvk::getRuleCount(entity()), 0);
+    std::vector<RecVlanTagFilData> rules;
+    for (unsigned short vid = 1; vid <= 257; ++vid) {
+        rules.push_back(vlanrows::translation(vid, vid));
+        write(rules.back());
+    }
+    EXPECT_EQ(nrvk::getTableOfReceivedFrames(entity()), rules);
+    EXPECT_EQ(nrvk::getRuleCount(entity()), 1);
+}
+
+TEST_F(ExtendedVlanTagging, TableIsEmptiedFromOutsideWithHardwareOnly)
+{
+    associate(1, 0);
+    write(ruleA);
+    removeHardware();
+    EXPECT_FALSE(nrvk::deleteAllEntriesFromTableOfReceivedFrames(entity()));
+    EXPECT_EQ(nrvk::getRuleCount(entity()), 1);
+    OmciManagedEntityRegistrar::getInstance()->setOmciHardwareIfc(&hardware);
+    EXPECT_TRUE(nrvk::deleteAllEntriesFromTableOfReceivedFrames(entity()));
+    EXPECT_EQ(nrvk::getRuleCount(entity()), 0);
 }
 
 TEST_F(ExtendedVlanTagging, EvcGoesToTheHardwareWithTheHostsRequestFlag)
