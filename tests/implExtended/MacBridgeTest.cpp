@@ -2,6 +2,8 @@
 #include "OmciMeDot1agCFMStackIf.h"
 #include "OmciMeMacBridgePortFilterPreassignTableIf.h"
 #include "OmciMeMacBridgePortIcmpV6ProcessPreassignTableIf.h"
+#include "impl/OmciMeMacBridgePortBridgeTableDataImpl.h"
+#include "impl/OmciMeMacBridgePortFilterTableDataImpl.h"
 #include "implExtended/OmciMeMacBridgePortConfigurationDataImplExtended.h"
 #include "implExtended/OmciMeMacBridgeServiceProfileImplExtended.h"
 
@@ -227,6 +229,36 @@ TEST_F(FilterPreassign, WithoutAPortTheSetFailsAndTheValueStays)
     EXPECT_EQ(table.getBridgeMgmtInfoFiltering(OMCI_ACTION_GET), 1);
     EXPECT_EQ(takeCalls(), Calls{});
     EXPECT_TRUE(PreassignTable::deleteManagedEntityInstance(9, false));
+}
+
+/// The rows of a table, which no operation gives out.
+struct BridgeTable : OmciMeMacBridgePortBridgeTableDataImpl
+{
+    using OmciMeMacBridgePortBridgeTableDataImpl::OmciMeMacBridgePortBridgeTableDataImpl;
+    const auto& rows() const { return m_BridgeTable; }
+};
+struct FilterTable : OmciMeMacBridgePortFilterTableDataImpl
+{
+    using OmciMeMacBridgePortFilterTableDataImpl::OmciMeMacBridgePortFilterTableDataImpl;
+    const auto& rows() const { return m_MacFilterTable; }
+};
+
+TEST_F(MacBridge, TableRowEndsAtItsFirstZeroByte)
+{
+    using Row = nrvk::TableRow<8>;
+    const unsigned char cut[8] = {1, 2, 0, 4, 5, 6, 7, 8};
+    const unsigned char whole[9] = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+    BridgeTable bridge(2, true);
+    FilterTable filter(2, true);
+    for (const unsigned char* row : {cut, whole}) {
+        EXPECT_EQ(bridge.setBridgeTable(row), 0);
+        EXPECT_EQ(filter.setMacFilterTable(row), 0);
+    }
+    const std::vector<Row> expected{{1, 2, 0, 0, 0, 0, 0, 0}, {1, 2, 3, 4, 5, 6, 7, 8}};
+    EXPECT_EQ(bridge.rows(), expected);
+    EXPECT_EQ(filter.rows(), expected);
+    EXPECT_EQ(bridge.getBridgeTable(OMCI_ACTION_GET), 2U);
+    EXPECT_EQ(filter.getMacFilterTable(OMCI_ACTION_GET), 2U);
 }
 
 }  // namespace
