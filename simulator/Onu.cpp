@@ -106,6 +106,7 @@ void Onu::tearDown()
     // A board that goes down tells its hardware nothing.
     registrar().setOmciHardwareIfc(nullptr);
     m_Hardware.setCore(nullptr);
+    m_Hardware.forgetServices();
     for (OmciMe* me : mib::registeredClasses()) {
         const unsigned short classId = me->getManagedEntityClassId();
         me->eraseAllManagedEntityInstances();

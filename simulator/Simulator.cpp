@@ -11,18 +11,11 @@
 
 #include "Logger.h"
 #include "NorvikTimer.h"
+#include "ProgramLog.h"
 #include "host/LogSink.h"
 #include "sandbox/Sandbox.h"
 
 namespace {
-constexpr unsigned char kNotice = 5;
-
-void logNotice(const char* function, unsigned int line, const char* text)
-{
-    Logger::getInstance(omci::kHostLoggerId)
-        ->writeToLog(0, function, "simulator/Simulator.cpp", line, kNotice, "%s", text);
-}
-
 Board boardOf(const Options& options)
 {
     Board board = options.boardFile.empty() ? Board() : readBoardFile(options.boardFile);
@@ -134,7 +127,8 @@ int Simulator::runCommand(const char* command)
     if (std::strcmp(command, "reboot") == 0) {
         // After the reply, as a board has the time to send it.
         m_Loop.post([this] {
-            logNotice("runCommand", __LINE__, "Reboot: the library starts anew, the machine does not");
+            logNotice("runCommand", "simulator/Simulator.cpp", __LINE__,
+                      "Reboot: the library starts anew, the machine does not");
             m_Onu->restart();
         });
     }

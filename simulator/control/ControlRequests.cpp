@@ -4,7 +4,7 @@
 
 namespace {
 /// Named in the promise and not served yet.
-constexpr const char* kNotSupported[] = {"rows", "services"};
+constexpr const char* kNotSupported[] = {"rows"};
 }  // namespace
 
 ControlRequests::ControlRequests(Onu& onu) : m_Onu(onu), m_Calls(onu)

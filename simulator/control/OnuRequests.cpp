@@ -139,6 +139,10 @@ void ControlRequests::addOnuRequests()
         return {{"result", 0}};
     };
     m_Requests["timers"] = listTimers;
+    m_Requests["services"] = [this](const Json& request) -> Json {
+        requireTrue(request, "services");
+        return {{"result", m_Onu.hardware().services().toJson()}};
+    };
     m_Requests["show"] = show;
     m_Requests["statistics"] = [this](const Json& request) { return showStatistics(m_Onu, request); };
 }

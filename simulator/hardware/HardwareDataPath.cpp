@@ -30,9 +30,6 @@ void readStates(HardwareCall& written, const StateAttributes& attributes, unsign
     }
 }
 
-/// G.988 9.3.4, TP type of a bridge port.
-constexpr unsigned char kTpTypeMapper = 3;
-
 /// `kind` of findMacBridgePortByTp.
 constexpr unsigned char kFindByUni = 1;
 constexpr unsigned char kFindByIpHost = 4;
@@ -85,6 +82,7 @@ int SimulatedHardware::removeUniService(OmciMePptpEthernetUniIf* uni)
 {
     HardwareCall written = call("removeUniService", {entity(uni)});
     readStates(written, kUniStates, uni->getManagedEntityInstance());
+    m_Services.removeUni(*uni);
     return 0;
 }
 
@@ -93,18 +91,21 @@ int SimulatedHardware::provisionUniService(OmciMePptpEthernetUniIf* uni)
     HardwareCall written = call("provisionUniService", {entity(uni)});
     readStates(written, kUniStates, uni->getManagedEntityInstance());
     readVlanRules(written, *uni);
+    m_Services.provisionUni(*uni);
     return 0;
 }
 
 int SimulatedHardware::removeGemInterworkingTp(OmciMeGemInterworkingTpIf* interworkingTp)
 {
     const HardwareCall written = call("removeGemInterworkingTp", {entity(interworkingTp)});
+    m_Services.removeGem(interworkingTp->getManagedEntityInstance());
     return 0;
 }
 
 int SimulatedHardware::removeMulticastGemInterworkingTp(OmciMeMulticastGemInterworkingTpIf* interworkingTp)
 {
     const HardwareCall written = call("removeMulticastGemInterworkingTp", {entity(interworkingTp)});
+    m_Services.removeMulticastGem(interworkingTp->getManagedEntityInstance());
     return 0;
 }
 
@@ -112,12 +113,14 @@ int SimulatedHardware::removeTCont(OmciMeTContIf* tCont)
 {
     HardwareCall written = call("removeTCont", {entity(tCont)});
     written.setRead("alloc_id", tCont->getAllocId(OMCI_ACTION_GET));
+    m_Services.removeTCont(tCont->getManagedEntityInstance());
     return 0;
 }
 
 int SimulatedHardware::removeBridgePortService(unsigned short instance)
 {
     const HardwareCall written = call("removeBridgePortService", {instance});
+    m_Services.removePort(instance);
     return 0;
 }
 
@@ -126,6 +129,7 @@ int SimulatedHardware::removeMapperInterworkingTps(OmciMeMapperServiceProfile802
 {
     HardwareCall written = call("removeMapperInterworkingTps", {entity(mapper), defaultTpPointer});
     written.setRead("old", oldPointersOf(*mapper));
+    m_Services.changeMapper(*mapper);
     return 0;
 }
 
@@ -133,18 +137,21 @@ int SimulatedHardware::removeVeip(OmciMeVirtualEthernetInterfacePointIf* veip)
 {
     HardwareCall written = call("removeVeip", {entity(veip)});
     readStates(written, kVeipStates, veip->getManagedEntityInstance());
+    m_Services.removeVeip(veip->getManagedEntityInstance());
     return 0;
 }
 
 int SimulatedHardware::provisionGemInterworkingTp(OmciMeGemInterworkingTpIf* interworkingTp)
 {
     const HardwareCall written = call("provisionGemInterworkingTp", {entity(interworkingTp)});
+    m_Services.provisionGem(*interworkingTp);
     return 0;
 }
 
 int SimulatedHardware::provisionMulticastGemInterworkingTp(OmciMeMulticastGemInterworkingTpIf* interworkingTp)
 {
     const HardwareCall written = call("provisionMulticastGemInterworkingTp", {entity(interworkingTp)});
+    m_Services.provisionMulticastGem(*interworkingTp);
     return 0;
 }
 
@@ -152,6 +159,7 @@ int SimulatedHardware::provisionBridgePort(OmciMeMacBridgePortConfigurationDataI
 {
     HardwareCall written = call("provisionBridgePort", {entity(port)});
     readVlanRules(written, *port);
+    m_Services.provisionPort(*port);
     return 0;
 }
 
@@ -159,6 +167,7 @@ int SimulatedHardware::provisionMapper(OmciMeMapperServiceProfile802_1PIf* mappe
 {
     HardwareCall written = call("provisionMapper", {entity(mapper)});
     written.setRead("old", oldPointersOf(*mapper));
+    m_Services.changeMapper(*mapper);
     return 0;
 }
 
@@ -166,6 +175,7 @@ int SimulatedHardware::provisionVeip(OmciMeVirtualEthernetInterfacePointIf* veip
 {
     HardwareCall written = call("provisionVeip", {entity(veip)});
     readStates(written, kVeipStates, veip->getManagedEntityInstance());
+    m_Services.provisionVeip(*veip);
     return 0;
 }
 
@@ -188,6 +198,7 @@ int SimulatedHardware::setUniAutodetection(unsigned short instance, unsigned cha
 int SimulatedHardware::setGemPortAdminState(unsigned short instance, unsigned short portId, unsigned char state)
 {
     const HardwareCall written = call("setGemPortAdminState", {instance, portId, state});
+    m_Services.setGemState(instance, portId, state);
     return 0;
 }
 
@@ -195,6 +206,7 @@ int SimulatedHardware::setUniAdminState(unsigned short instance, unsigned char s
 {
     HardwareCall written = call("setUniAdminState", {instance, state});
     readStates(written, kUniStates, instance);
+    m_Services.setUniState(instance, state);
     return 0;
 }
 
@@ -238,7 +250,7 @@ unsigned char SimulatedHardware::resolveDot1agLayer2Entity(unsigned short layer2
         exists = port != nullptr;
     } else if (layer2Type == kLayer2Mapper) {
         exists = OmciMeMapperServiceProfile802_1PIf::getManagedEntityInstance(layer2EntityPointer) != nullptr;
-        port = findPort(kTpTypeMapper, layer2EntityPointer);
+        port = findPort(services::TP_TYPE_MAPPER, layer2EntityPointer);
     }
     if (port != nullptr) {
         *bridgeServiceProfile = port->getBridgeIdPointer(OMCI_ACTION_GET);

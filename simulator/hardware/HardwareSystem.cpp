@@ -124,6 +124,7 @@ int SimulatedHardware::reserved79()
 int SimulatedHardware::resetDataPathConfiguration()
 {
     const HardwareCall written = call("resetDataPathConfiguration", {});
+    m_Services.clear();
     return 0;
 }
 

@@ -8,6 +8,7 @@
 #include "OmciManagedEntitiesCore.h"
 #include "hardware/HardwareCall.h"
 #include "hardware/HardwareSettings.h"
+#include "services/ServiceModel.h"
 
 /// The hardware layer of the simulated ONU. Writes each call down, answers refreshes through the library's update
 /// entries within the call, and finds what it needs of the MIB by itself.
@@ -29,6 +30,10 @@ public:
     void change(const Json& request);
     /// What was reported through an update entry is what this hardware measured: later refreshes report it again.
     void remember(const std::string& entry, const Json& arguments);
+    /// What the data path serves.
+    const ServiceModel& services() const { return m_Services; }
+    /// What a restart does to the data path.
+    void forgetServices() { m_Services.clear(); }
     /// What it answers, as it is now.
     HardwareSettings settings() const;
 
@@ -139,6 +144,7 @@ private:
     HardwareRecorder& m_Recorder;
     OmciManagedEntitiesCore* m_Core = nullptr;
     std::function<void(OmciMessage&)> m_AttributeValueChange;
+    ServiceModel m_Services;
     mutable std::mutex m_Mutex;
     HardwareSettings m_Settings;
 };

@@ -2,26 +2,16 @@
 
 #include "ExtendedVlanTaggingAccess.h"
 #include "JsonValues.h"
-#include "OmciMeExtendedVlanTaggingOperationConfigurationDataIf.h"
+#include "services/ServiceRecords.h"
 
 namespace {
-using Tagging = OmciMeExtendedVlanTaggingOperationConfigurationDataIf;
+using services::Tagging;
 
-/// G.988 9.3.13, association type.
-constexpr unsigned char kOnBridgePort = 0;
-constexpr unsigned char kOnPptpEthernetUni = 2;
-constexpr unsigned char kOnIpHost = 3;
-/// G.988 9.3.4, TP type of a bridge port.
-constexpr unsigned char kTpTypeIpHost = 4;
-
-/// The first entity with rules among those that are associated with the other entity.
-const Tagging* findTagging(unsigned char associationType, unsigned short pointer)
+/// The first entity with rules.
+const Tagging* findRules(services::AssociationType associationType, unsigned short pointer)
 {
-    for (const Tagging* tagging = Tagging::getFirstManagedEntityInstance(); tagging != nullptr;
-         tagging = Tagging::getNextManagedEntityInstance(tagging->getManagedEntityInstance())) {
-        if (tagging->getAssociationType(OMCI_ACTION_GET) == associationType &&
-            tagging->getAssociatedMePointer(OMCI_ACTION_GET) == pointer &&
-            !nrvk::getTableOfReceivedFrames(*tagging).empty()) {
+    for (const Tagging* tagging : services::findTaggings(associationType, pointer)) {
+        if (!nrvk::getTableOfReceivedFrames(*tagging).empty()) {
             return tagging;
         }
     }
@@ -46,14 +36,14 @@ void readRules(HardwareCall& written, const Tagging* tagging)
 
 void readVlanRules(HardwareCall& written, const OmciMePptpEthernetUniIf& uni)
 {
-    readRules(written, findTagging(kOnPptpEthernetUni, uni.getManagedEntityInstance()));
+    readRules(written, findRules(services::ON_UNI, uni.getManagedEntityInstance()));
 }
 
 void readVlanRules(HardwareCall& written, const OmciMeMacBridgePortConfigurationDataIf& port)
 {
-    const Tagging* tagging = findTagging(kOnBridgePort, port.getManagedEntityInstance());
-    if (tagging == nullptr && port.getTpType(OMCI_ACTION_GET) == kTpTypeIpHost) {
-        tagging = findTagging(kOnIpHost, port.getTpPointer(OMCI_ACTION_GET));
+    const Tagging* tagging = findRules(services::ON_BRIDGE_PORT, port.getManagedEntityInstance());
+    if (tagging == nullptr && port.getTpType(OMCI_ACTION_GET) == services::TP_TYPE_IP_HOST) {
+        tagging = findRules(services::ON_IP_HOST, port.getTpPointer(OMCI_ACTION_GET));
     }
     readRules(written, tagging);
 }

@@ -9,7 +9,7 @@ IP_HOST, EXTENDED_VLAN_TAGGING, T_CONT, GEM_INTERWORKING_TP, GEM_PORT = 134, 171
 MULTICAST_GEM_INTERWORKING_TP, MULTICAST_PROFILE, MULTICAST_SUBSCRIBER, VEIP = 281, 309, 310, 329
 UNI, VEIP_INSTANCE, NO_TP = 0x101, 0x201, 65535
 TO_UNI, TO_MAPPER, TO_IP_HOST, TO_GEM, TO_MULTICAST, TO_VEIP = 1, 3, 4, 5, 6, 11
-ON_BRIDGE_PORT, ON_UNI, ON_IP_HOST, ON_VEIP = 0, 2, 3, 10
+ON_BRIDGE_PORT, ON_MAPPER, ON_UNI, ON_IP_HOST, ON_VEIP = 0, 1, 2, 3, 10
 TAGGING_TABLE = 0x0400
 
 
@@ -39,9 +39,11 @@ def unset(row):
 class DataPathTest(OnuSimTest):
     """Each step is one frame that has to succeed."""
 
+    log_level = 0
+
     def setUp(self):
         super().setUp()
-        self.simulator = self.start()
+        self.simulator = self.start(log_level=self.log_level)
 
     def send(self, message, entity_class, instance, contents, result=0):
         self.assertEqual(result, self.simulator.omci(message, entity_class, instance, contents)[0])

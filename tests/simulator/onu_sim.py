@@ -1,5 +1,6 @@
 """onu-sim as its users start it: a process, a UDP socket, a control socket, logs."""
 
+import contextlib
 import json
 import os
 import shutil
@@ -25,16 +26,18 @@ def baseline(transaction, message, entity_class, instance, contents=b""):
 class OnuSim:
     """One running program in a directory of its own."""
 
-    def __init__(self, *options, directory):
+    def __init__(self, *options, directory, log_level=0):
         self.directory = directory
         self.hardware_log = os.path.join(directory, "hardware.jsonl")
         self.library_log = os.path.join(directory, "library.jsonl")
         self.control_path = os.path.join(directory, "control")
         command = [PROGRAM, "--listen", "127.0.0.1:0", "--control", self.control_path,
                    "--hardware-log", self.hardware_log, "--library-log", self.library_log,
-                   "--log-level", "0", *options]
+                   "--log-level", str(log_level), *options]
         environment = dict(os.environ, TMPDIR=directory)
-        self.process = subprocess.Popen(command, stdout=subprocess.PIPE, env=environment, text=True)
+        self.error_output = os.path.join(directory, "stderr") if log_level else None
+        with open(self.error_output, "w", encoding="utf-8") if log_level else contextlib.nullcontext() as errors:
+            self.process = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=errors, env=environment, text=True)
         self.first_line = self.process.stdout.readline()
         self.address = ("127.0.0.1", int(self.first_line.rsplit(":", 1)[1]))
         self.transaction = 0
@@ -93,8 +96,8 @@ class OnuSimTest(unittest.TestCase):
         self.directory = tempfile.mkdtemp(prefix="onu-sim-test-")
         self.addCleanup(shutil.rmtree, self.directory, ignore_errors=True)
 
-    def start(self, *options):
-        simulator = OnuSim(*options, directory=self.directory)
+    def start(self, *options, **more):
+        simulator = OnuSim(*options, directory=self.directory, **more)
         self.addCleanup(lambda: simulator.process.poll() is None and simulator.stop())
         return simulator
 
