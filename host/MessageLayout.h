@@ -312,6 +312,16 @@ constexpr std::size_t kTestMeasurements = 5;
 std::size_t writeTestResult(const std::array<TestMeasurement, kTestMeasurements>& measurements, std::uint8_t* contents);
 std::optional<std::array<TestMeasurement, kTestMeasurements>> parseTestResult(const FrameView& frame);
 
+/// Self-test result of a class whose test has one outcome: ONU-G and circuit pack.
+enum class SelfTestOutcome : std::uint8_t
+{
+    Failed = 0,
+    Passed = 1,
+    NotCompleted = 2
+};
+std::size_t writeSelfTestResult(SelfTestOutcome outcome, std::uint8_t* contents);
+std::optional<SelfTestOutcome> parseSelfTestResult(const FrameView& frame);
+
 }  // namespace omci
 
 #endif

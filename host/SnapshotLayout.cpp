@@ -159,4 +159,19 @@ std::optional<std::array<TestMeasurement, kTestMeasurements>> parseTestResult(co
     return measurements;
 }
 
+std::size_t writeSelfTestResult(SelfTestOutcome outcome, std::uint8_t* contents)
+{
+    contents[0] = 0;
+    contents[1] = static_cast<std::uint8_t>(outcome);
+    return 2;
+}
+
+std::optional<SelfTestOutcome> parseSelfTestResult(const FrameView& frame)
+{
+    if (frame.contentsLength < 2 || frame.contents[1] > static_cast<std::uint8_t>(SelfTestOutcome::NotCompleted)) {
+        return std::nullopt;
+    }
+    return static_cast<SelfTestOutcome>(frame.contents[1]);
+}
+
 }  // namespace omci

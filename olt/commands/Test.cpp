@@ -60,8 +60,10 @@ private:
         }
         output.line("test result of " + entityLabel(m_Entity), Style::Bold);
         Table table({{""}, {""}});
-        for (const auto& [key, value] : description.details.items())
-            table.add({key, value.is_string() ? value.get<std::string>() : value.dump()});
+        for (const auto& [key, value] : description.details.items()) {
+            const DetailWords words = detailWords(key, value);
+            table.add({words.label, words.value});
+        }
         output.table(table);
     }
 

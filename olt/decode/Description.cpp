@@ -233,9 +233,28 @@ void readResponse(Description& description, const Catalogue& catalogue, const om
     }
 }
 
+const char* selfTestText(omci::SelfTestOutcome outcome)
+{
+    switch (outcome) {
+    case omci::SelfTestOutcome::Failed:
+        return "failed";
+    case omci::SelfTestOutcome::Passed:
+        return "passed";
+    default:
+        return "not completed";
+    }
+}
+
 void readTestResult(Description& description, const omci::FrameView& frame)
 {
+    constexpr std::uint16_t circuitPack = 6;
+    constexpr std::uint16_t onuG = 256;
     constexpr std::uint16_t aniG = 263;
+    const bool hasOutcome = frame.header.entityClass == onuG || frame.header.entityClass == circuitPack;
+    if (const auto outcome = omci::parseSelfTestResult(frame); hasOutcome && outcome) {
+        description.details["self_test"] = selfTestText(*outcome);
+        return;
+    }
     const auto measurements = omci::parseTestResult(frame);
     if (frame.header.entityClass != aniG || !measurements) {
         description.details["contents"] = hexOf({frame.contents, frame.contentsLength});

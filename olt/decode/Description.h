@@ -46,6 +46,14 @@ struct Description
 /// One line for people, without transaction id and direction.
 [[nodiscard]] std::string toText(const Description& description);
 
+/// One field of Description::details for people, as label and value: "received power", "10 dBu".
+struct DetailWords
+{
+    std::string label;
+    std::string value;
+};
+[[nodiscard]] DetailWords detailWords(const std::string& key, const nlohmann::ordered_json& value);
+
 /// Attribute names with values for programs.
 [[nodiscard]] nlohmann::ordered_json valuesToJson(const EntityClass& entity, const AttributeValues& values);
 

@@ -51,12 +51,32 @@ std::string detailText(const Json& value)
     return value.is_string() ? value.get<std::string>() : value.dump();
 }
 
+struct Measurement
+{
+    const char* key;
+    const char* label;
+    const char* unit;
+};
+constexpr Measurement kMeasurements[] = {
+    {"supply_voltage_v", "supply voltage", "V"},           {"received_power_dbu", "received power", "dBu"},
+    {"transmitted_power_dbu", "transmitted power", "dBu"}, {"laser_bias_ma", "laser bias", "mA"},
+    {"temperature_c", "temperature", "degrees C"},
+};
+
 bool carriesValues(const AttributeValues& values)
 {
     return !values.values.empty() || values.undecoded != 0 || values.missing != 0;
 }
 
 }  // namespace
+
+DetailWords detailWords(const std::string& key, const Json& value)
+{
+    for (const Measurement& measurement : kMeasurements)
+        if (key == measurement.key)
+            return {measurement.label, detailText(value) + " " + measurement.unit};
+    return {key == "self_test" ? "self-test" : key, detailText(value)};
+}
 
 std::string messageName(const omci::FrameHeader& header)
 {
@@ -142,8 +162,10 @@ std::string toText(const Description& description)
         addNames("", description.asked);
     addNames("failed: ", description.failed);
     addNames("not supported: ", description.unsupported);
-    for (const auto& [key, value] : description.details.items())
-        parts.push_back(key + " " + detailText(value));
+    for (const auto& [key, value] : description.details.items()) {
+        const DetailWords words = detailWords(key, value);
+        parts.push_back(words.label + " " + words.value);
+    }
     if (carriesValues(entity.values) || !entity.alarms.empty())
         parts.push_back(valuesText(entity));
     else if (description.header.type == omci::MessageType::Alarm)

@@ -243,3 +243,15 @@ TEST_F(MessageLayout, TestResultOfTheAniG)
     EXPECT_EQ(12, (*parsed)[4].type);
     EXPECT_EQ(0x1900, (*parsed)[4].value);
 }
+
+TEST_F(MessageLayout, SelfTestResultOfTheOnuG)
+{
+    const std::size_t length = writeSelfTestResult(SelfTestOutcome::NotCompleted, g_Contents.data());
+    EXPECT_EQ("0002", written(length));
+    Bytes contents(g_Contents.begin(), g_Contents.begin() + 2);
+    EXPECT_EQ(SelfTestOutcome::NotCompleted, parseSelfTestResult(frameOf(Format::Extended, contents)));
+    contents[1] = 3;
+    EXPECT_FALSE(parseSelfTestResult(frameOf(Format::Extended, contents)));
+    contents.resize(1);
+    EXPECT_FALSE(parseSelfTestResult(frameOf(Format::Extended, contents)));
+}
