@@ -38,6 +38,9 @@ public:
     /// level 3 log line. Frames that nobody can be answered for are counted, logged at level 4 and dropped.
     Reply handle(const std::uint8_t* bytes, std::size_t length);
 
+    /// The request that runs, for those who are called while it does; afterwards the last one.
+    const OmciFrame& request() const { return m_Frame; }
+
     const Statistics& statistics() const { return m_Statistics; }
 
     /// Forgets the last requests, as at a restart of the ONU.

@@ -4,14 +4,20 @@
 #include <utility>
 #include <vector>
 
+#include "Logger.h"
 #include "MibAccess.h"
 #include "OmciManagedEntityRegistrar.h"
 #include "OmciMeFactory.h"
 #include "OnuInstances.h"
 #include "host/HostMib.h"
+#include "host/LogSink.h"
+#include "host/MessageLayout.h"
 
 namespace {
 constexpr unsigned short kClassSoftwareImage = 7;
+constexpr unsigned char kCritical = 2;
+constexpr unsigned char kWarning = 4;
+constexpr unsigned char kInformation = 6;
 constexpr MacAddress kDefaultMacAddress = {0x02, 0x4E, 0x52, 0x00, 0x00, 0x01};
 
 omci::Mic makeMic(const std::string& text)
@@ -29,6 +35,29 @@ OmciManagedEntityRegistrar& registrar()
     return *OmciManagedEntityRegistrar::getInstance();
 }
 
+void logLine(const char* function, unsigned int line, unsigned char level, const std::string& text)
+{
+    Logger::getInstance(omci::kHostLoggerId)
+        ->writeToLog(0, function, "simulator/Onu.cpp", line, level, "%s", text.c_str());
+}
+
+std::optional<std::time_t> secondsOf(const omci::TimeRequest& request)
+{
+    std::tm time{};
+    time.tm_year = request.year - 1900;
+    time.tm_mon = request.month - 1;
+    time.tm_mday = request.day;
+    time.tm_hour = request.hour;
+    time.tm_min = request.minute;
+    time.tm_sec = request.second;
+    const std::tm asked = time;
+    const std::time_t seconds = timegm(&time);
+    // What is out of range (a 31st of April, an hour 24) has moved on to another day or hour.
+    const bool isDate = time.tm_year == asked.tm_year && time.tm_mon == asked.tm_mon && time.tm_mday == asked.tm_mday &&
+                        time.tm_hour == asked.tm_hour && time.tm_min == asked.tm_min && time.tm_sec == asked.tm_sec;
+    return isDate ? std::optional<std::time_t>(seconds) : std::nullopt;
+}
+
 MacAddress macAddressOf(const Board& board)
 {
     return board.macAddress ? parseMacAddress(*board.macAddress).value_or(kDefaultMacAddress) : kDefaultMacAddress;
@@ -36,11 +65,36 @@ MacAddress macAddressOf(const Board& board)
 }  // namespace
 
 Onu::Onu(Setup setup, HardwareRecorder& recorder, omci::Notifier::Sink sink)
-    : m_Setup(std::move(setup)), m_Hal(macAddressOf(m_Setup.board)), m_Hardware(recorder),
+    : m_Setup(std::move(setup)), m_Hal(macAddressOf(m_Setup.board)), m_Hardware(recorder, m_Clock, m_Setup.timeScale),
       m_Notifier(std::move(sink), makeMic(m_Setup.mic)), m_Dispatcher(makeMic(m_Setup.mic), &m_Notifier)
 {
-    m_Hardware.onAttributeValueChange([this](OmciMessage& message) { m_Notifier.sendAttributeValueChange(&message); });
+    connectHardwareToHost();
     HALFactory::getInstance()->setHal(&m_Hal);
+}
+
+void Onu::connectHardwareToHost()
+{
+    m_Hardware.onAttributeValueChange([this](OmciMessage& message) { m_Notifier.sendAttributeValueChange(&message); });
+    m_Hardware.onTestResult([this](unsigned short transactionId, unsigned short classId, const unsigned char* contents,
+                                   std::size_t length) {
+        m_Notifier.sendTestResult(transactionId, classId, m_Dispatcher.request().getManagedEntityInstance(), contents,
+                                  length);
+    });
+    m_Hardware.setTimeOfDaySource([this] { return requestedTime(); });
+}
+
+std::optional<std::time_t> Onu::requestedTime() const
+{
+    const OmciFrame& request = m_Dispatcher.request();
+    const auto time = omci::parseTimeRequest(
+        omci::FrameView{{}, request.getMessageContent(), request.getMessageContentLength(), false});
+    const auto seconds = time ? secondsOf(*time) : std::nullopt;
+    if (seconds) {
+        logLine("requestedTime", __LINE__, kInformation, "Clock set to " + utcText(*seconds));
+    } else {
+        logLine("requestedTime", __LINE__, kWarning, "The time to be set is no date and time; the clock stays");
+    }
+    return seconds;
 }
 
 Onu::~Onu()
@@ -98,7 +152,9 @@ void Onu::restart()
     m_Dispatcher.forgetRequests();
     m_Notifier.setMibKnown(false);
     m_Notifier.restartAlarmSequence();
+    m_Clock.restart();
     start();
+    logLine("restart", __LINE__, kCritical, "The ONU has restarted: the library's state is new, the machine runs on");
 }
 
 void Onu::tearDown()

@@ -9,6 +9,7 @@
 #include "BoardHal.h"
 #include "LibraryStatics.h"
 #include "OmciManagedEntitiesCore.h"
+#include "OnuClock.h"
 #include "hardware/SimulatedHardware.h"
 #include "host/Dispatcher.h"
 #include "host/Notifier.h"
@@ -22,6 +23,7 @@ public:
         Board board;
         std::string mic;  ///< of a form that Mic::parse takes
         std::optional<unsigned int> fifoDepth;
+        double timeScale = 1;
     };
 
     /// `sink` takes the frames that the ONU sends unasked, on any thread. Nothing runs before start.
@@ -38,6 +40,7 @@ public:
     omci::Dispatcher& dispatcher() { return m_Dispatcher; }
     omci::Notifier& notifier() { return m_Notifier; }
     SimulatedHardware& hardware() { return m_Hardware; }
+    OnuClock& clock() { return m_Clock; }
     OmciManagedEntitiesCore& core() { return *m_Core; }
 
     /// Whether the registrar holds the hardware interface; it does from the start.
@@ -46,12 +49,16 @@ public:
     bool isHardwareConnected() const;
 
 private:
+    void connectHardwareToHost();
+    /// The time that the synchronize time request under way holds; nothing, with a log line, when that is no date.
+    std::optional<std::time_t> requestedTime() const;
     void applyIdentity();
     void tearDown();
 
     Setup m_Setup;
     LibraryStatics m_Statics;
     BoardHal m_Hal;
+    OnuClock m_Clock;
     SimulatedHardware m_Hardware;
     omci::Notifier m_Notifier;
     omci::Dispatcher m_Dispatcher;

@@ -36,7 +36,7 @@ Simulator::Simulator(const Options& options)
     }
     NorvikTimer::setTimeScale(options.timeScale);
     m_Onu =
-        std::make_unique<Onu>(Onu::Setup{board, options.mic, options.fifoDepth}, m_Recorder,
+        std::make_unique<Onu>(Onu::Setup{board, options.mic, options.fifoDepth, options.timeScale}, m_Recorder,
                               [this](const std::uint8_t* frame, std::size_t length) { sendUnasked(frame, length); });
     m_Requests = std::make_unique<ControlRequests>(*m_Onu);
     Sandbox::setCommandHandler([this](const char* command) { return runCommand(command); });
@@ -126,11 +126,7 @@ int Simulator::runCommand(const char* command)
 {
     if (std::strcmp(command, "reboot") == 0) {
         // After the reply, as a board has the time to send it.
-        m_Loop.post([this] {
-            logNotice("runCommand", "simulator/Simulator.cpp", __LINE__,
-                      "Reboot: the library starts anew, the machine does not");
-            m_Onu->restart();
-        });
+        m_Loop.post([this] { m_Onu->restart(); });
     }
     return 0;
 }

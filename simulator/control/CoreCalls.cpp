@@ -92,8 +92,12 @@ void CallTable::addStartup(Onu& onu)
 void CallTable::addStatusReports(Onu& onu)
 {
     const auto core = [&onu]() -> Core& { return onu.core(); };
+    // Through the hardware layer, so that what is read live agrees with what is reported.
     m_Calls["updatePptpEthernetUniMEOperStateSpeedMode"] =
-        callOf(core, &Core::updatePptpEthernetUniMEOperStateSpeedMode);
+        callOf(std::function<int(unsigned short, unsigned char, unsigned short, unsigned char)>(
+            [&onu](unsigned short instance, unsigned char operationalState, unsigned short speed, unsigned char mode) {
+                return onu.hardware().reportLink(instance, {operationalState, speed, mode});
+            }));
     m_Calls["updatePptpEthernetUniMESensedTypeAndMaxFrameSize"] =
         callOf(core, &Core::updatePptpEthernetUniMESensedTypeAndMaxFrameSize);
     m_Calls["updateVoipLineStatus"] = callOf(core, &Core::updateVoipLineStatus);

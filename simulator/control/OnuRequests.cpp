@@ -144,5 +144,13 @@ void ControlRequests::addOnuRequests()
         return {{"result", m_Onu.hardware().services().toJson()}};
     };
     m_Requests["show"] = show;
+    m_Requests["clock"] = [this](const Json& request) -> Json {
+        requireTrue(request, "clock");
+        const OnuClock& clock = m_Onu.clock();
+        return {{"result",
+                 {{"utc", utcText(clock.now())},
+                  {"synchronized", clock.isSynchronized()},
+                  {"uptime", std::chrono::duration_cast<std::chrono::seconds>(clock.uptime()).count()}}}};
+    };
     m_Requests["statistics"] = [this](const Json& request) { return showStatistics(m_Onu, request); };
 }

@@ -18,16 +18,27 @@ void SimulatedHardware::rememberLevels(const std::string& entry, const Json& arg
     if (isReceived || entry == "updateAniGTransmitOpticalLevel") {
         const auto level = arguments.at(1).get<unsigned short>();
         const std::lock_guard<std::mutex> lock(m_Mutex);
-        HardwareSettings::Ani& ani = m_Settings.anis[arguments.at(0).get<unsigned short>()];
-        (isReceived ? ani.receivedLevel : ani.transmittedLevel) = level;
+        optics::FixedLevels& ani = m_Settings.anis[arguments.at(0).get<unsigned short>()];
+        (isReceived ? ani.received : ani.transmitted) = level;
     }
+}
+
+std::chrono::seconds SimulatedHardware::opticalAge() const
+{
+    const double milliseconds = static_cast<double>(m_Clock.uptime().count()) * m_TimeScale;
+    return std::chrono::seconds(static_cast<long long>(milliseconds / 1000));
+}
+
+optics::Levels SimulatedHardware::opticalLevels(unsigned short instance) const
+{
+    return optics::levelsAfter(opticalAge(), settings().ani(instance));
 }
 
 int SimulatedHardware::refreshAniOpticalSignalLevel(unsigned short instance)
 {
     const HardwareCall written = slowCall("refreshAniOpticalSignalLevel", {instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
-        core->updateAniGOpticalSignalLevel(instance, settings().ani(instance).receivedLevel);
+        core->updateAniGOpticalSignalLevel(instance, opticalLevels(instance).received);
     }
     return 0;
 }
@@ -36,7 +47,7 @@ int SimulatedHardware::refreshAniTransmitOpticalLevel(unsigned short instance)
 {
     const HardwareCall written = slowCall("refreshAniTransmitOpticalLevel", {instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
-        core->updateAniGTransmitOpticalLevel(instance, settings().ani(instance).transmittedLevel);
+        core->updateAniGTransmitOpticalLevel(instance, opticalLevels(instance).transmitted);
     }
     return 0;
 }
@@ -91,11 +102,5 @@ int SimulatedHardware::setTwdmLodsReinitializationTimer(unsigned short instance,
 int SimulatedHardware::setTwdmUpstreamTuningTimer(unsigned short instance, unsigned int value)
 {
     const HardwareCall written = call("setTwdmUpstreamTuningTimer", {instance, value});
-    return 0;
-}
-
-int SimulatedHardware::testAni(unsigned short transactionId)
-{
-    const HardwareCall written = call("testAni", {transactionId});
     return 0;
 }

@@ -47,19 +47,36 @@ void applyUni(HardwareSettings::Uni& uni, const Json& json, const std::string& w
     }
 }
 
-void applyAni(HardwareSettings::Ani& ani, const Json& json, const std::string& what)
+void applyAni(optics::FixedLevels& ani, const Json& json, const std::string& what)
 {
     for (const auto& [key, value] : asObject(json, what).items()) {
         // As the signed level or as its two bytes.
         const auto level = static_cast<unsigned short>(values::signedNumber(value, kLowestLevel, kHighestLevel, what));
         if (key == "rx") {
-            ani.receivedLevel = level;
+            ani.received = level;
         } else if (key == "tx") {
-            ani.transmittedLevel = level;
+            ani.transmitted = level;
         } else {
             throw BadRequest(what + " has no field \"" + key + "\"; there are rx and tx");
         }
     }
+}
+
+void applySelfTest(std::optional<omci::SelfTestOutcome>& selfTest, const Json& json)
+{
+    static const std::map<std::string, std::optional<omci::SelfTestOutcome>> outcomes = {
+        {"passed", omci::SelfTestOutcome::Passed},
+        {"failed", omci::SelfTestOutcome::Failed},
+        {"not completed", omci::SelfTestOutcome::NotCompleted},
+        {"silent", std::nullopt},
+    };
+    std::string word;
+    values::from(json, word, "self_test");
+    const auto outcome = outcomes.find(word);
+    if (outcome == outcomes.end()) {
+        throw BadRequest("self_test: \"" + word + "\" is none of passed, failed, not completed, silent");
+    }
+    selfTest = outcome->second;
 }
 
 void applyThrowing(std::set<std::string>& throwing, const Json& json)
@@ -110,6 +127,7 @@ const std::map<std::string, Member>& members()
                               const Json& json) { values::from(json, settings.answersRefresh, "answer_refresh"); }},
         {"image_valid", [](HardwareSettings& settings,
                            const Json& json) { values::from(json, settings.isImageValid, "image_valid"); }},
+        {"self_test", [](HardwareSettings& settings, const Json& json) { applySelfTest(settings.selfTest, json); }},
         {"status_message", [](HardwareSettings& settings,
                               const Json& json) { values::from(json, settings.statusMessage, "status_message"); }},
         {"debug_reply",
@@ -132,10 +150,10 @@ HardwareSettings::Uni HardwareSettings::uni(unsigned short instance) const
     return found == unis.end() ? Uni() : found->second;
 }
 
-HardwareSettings::Ani HardwareSettings::ani(unsigned short instance) const
+optics::FixedLevels HardwareSettings::ani(unsigned short instance) const
 {
     const auto found = anis.find(instance);
-    return found == anis.end() ? Ani() : found->second;
+    return found == anis.end() ? optics::FixedLevels() : found->second;
 }
 
 void HardwareSettings::setCounters(unsigned short classId, unsigned short instance, const Json& record)

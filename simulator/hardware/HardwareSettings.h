@@ -2,11 +2,14 @@
 #define SIMULATOR_HARDWARE_HARDWARE_SETTINGS_H
 
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "Json.h"
+#include "hardware/Optics.h"
+#include "host/MessageLayout.h"
 
 /// What the simulated hardware answers, as the control socket sets it.
 struct HardwareSettings
@@ -16,21 +19,23 @@ struct HardwareSettings
         unsigned char operationalState = 0;  ///< 0 enabled, 1 disabled
         unsigned int speed = 1000;           ///< Mbit/s
         unsigned char duplex = 1;            ///< 0 half, 1 full
-    };
-    /// Levels in 0.002 dB, two's complement.
-    struct Ani
-    {
-        unsigned short receivedLevel = 0xD8F0;     ///< -20 dBm
-        unsigned short transmittedLevel = 0x03E8;  ///< 2 dBm
+
+        bool operator==(const Uni& other) const
+        {
+            return operationalState == other.operationalState && speed == other.speed && duplex == other.duplex;
+        }
     };
 
     /// By instance; those not named have the values above.
     std::map<unsigned short, Uni> unis;
-    std::map<unsigned short, Ani> anis;
+    /// Levels that no longer drift.
+    std::map<unsigned short, optics::FixedLevels> anis;
     /// Counters by family and instance; see setCounters.
     std::map<unsigned short, std::map<unsigned short, Json>> counters;
     bool answersRefresh = true;
     bool isImageValid = true;
+    /// Nothing: the self-test of ONU-G and ANI-G never reports.
+    std::optional<omci::SelfTestOutcome> selfTest = omci::SelfTestOutcome::Passed;
     std::string statusMessage;
     std::vector<unsigned char> debugReply;
     /// Operations that throw when called.
@@ -39,7 +44,7 @@ struct HardwareSettings
     unsigned int delayMilliseconds = 0;
 
     Uni uni(unsigned short instance) const;
-    Ani ani(unsigned short instance) const;
+    optics::FixedLevels ani(unsigned short instance) const;
 
     /// Keeps the counters of a class: a checked record, or an array of two. GEM ports go by port id.
     void setCounters(unsigned short classId, unsigned short instance, const Json& record);

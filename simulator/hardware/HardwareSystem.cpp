@@ -45,8 +45,29 @@ HardwareCall SimulatedHardware::slowCall(const char* operation, std::initializer
 
 void SimulatedHardware::change(const Json& request)
 {
-    const std::lock_guard<std::mutex> lock(m_Mutex);
-    m_Settings.apply(request);
+    const HardwareSettings before = settings();
+    {
+        const std::lock_guard<std::mutex> lock(m_Mutex);
+        m_Settings.apply(request);
+    }
+    for (const auto& [instance, uni] : settings().unis) {
+        if (!(uni == before.uni(instance))) {
+            reportLink(instance, uni);
+        }
+    }
+}
+
+int SimulatedHardware::reportLink(unsigned short instance, const HardwareSettings::Uni& uni)
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_Mutex);
+        m_Settings.unis[instance] = uni;
+    }
+    constexpr unsigned int highestSpeed = 0xFFFF;
+    const auto speed = static_cast<unsigned short>(std::min(uni.speed, highestSpeed));
+    return m_Core == nullptr
+               ? -1
+               : m_Core->updatePptpEthernetUniMEOperStateSpeedMode(instance, uni.operationalState, speed, uni.duplex);
 }
 
 HardwareSettings SimulatedHardware::settings() const
@@ -167,6 +188,10 @@ int SimulatedHardware::setBatteryBackup(unsigned char value)
 int SimulatedHardware::synchronizeTime()
 {
     const HardwareCall written = call("synchronizeTime", {});
+    const std::optional<std::time_t> time = m_TimeOfDay ? m_TimeOfDay() : std::nullopt;
+    if (time) {
+        m_Clock.set(*time);
+    }
     return 0;
 }
 
@@ -181,18 +206,15 @@ int SimulatedHardware::setOntTimeOfDay(const time_t* time)
 {
     const Json value = time == nullptr ? Json(nullptr) : Json(*time);
     const HardwareCall written = call("setOntTimeOfDay", {value});
+    if (time != nullptr) {
+        m_Clock.set(*time);
+    }
     return 0;
 }
 
 int SimulatedHardware::notifyOltVendorId()
 {
     const HardwareCall written = call("notifyOltVendorId", {});
-    return 0;
-}
-
-int SimulatedHardware::testOnu(unsigned short transactionId)
-{
-    const HardwareCall written = call("testOnu", {transactionId});
     return 0;
 }
 

@@ -1,14 +1,19 @@
 #ifndef SIMULATOR_HARDWARE_SIMULATED_HARDWARE_H
 #define SIMULATOR_HARDWARE_SIMULATED_HARDWARE_H
 
+#include <chrono>
+#include <ctime>
 #include <functional>
 #include <mutex>
+#include <optional>
 
 #include "OmciHardwareIfc.h"
 #include "OmciManagedEntitiesCore.h"
+#include "OnuClock.h"
 #include "hardware/HardwareCall.h"
 #include "hardware/HardwareSettings.h"
 #include "services/ServiceModel.h"
+#include "hardware/Optics.h"
 
 /// The hardware layer of the simulated ONU. Writes each call down, answers refreshes through the library's update
 /// entries within the call, and finds what it needs of the MIB by itself.
@@ -19,15 +24,28 @@
 class SimulatedHardware : public OmciHardwareIfc
 {
 public:
-    explicit SimulatedHardware(HardwareRecorder& recorder) : m_Recorder(recorder) {}
+    /// The clock is not owned. `timeScale`: how many times faster than the clock the optical module ages.
+    SimulatedHardware(HardwareRecorder& recorder, OnuClock& clock, double timeScale)
+        : m_Recorder(recorder), m_Clock(clock), m_TimeScale(timeScale)
+    {}
 
     /// Where reports go; null: nowhere (the library is not up). Not owned.
     void setCore(OmciManagedEntitiesCore* core) { m_Core = core; }
     /// Takes what the library asks to be sent to the OLT.
     void onAttributeValueChange(std::function<void(OmciMessage&)> sink) { m_AttributeValueChange = std::move(sink); }
 
-    /// Changes what is answered from now on (see HardwareSettings::apply).
+    /// The contents of a test result message, to go out after the reply to the test with that transaction id.
+    using TestResultSink = std::function<void(unsigned short transactionId, unsigned short classId,
+                                              const unsigned char* contents, std::size_t length)>;
+    void onTestResult(TestResultSink sink) { m_TestResult = std::move(sink); }
+    /// Yields the time of the synchronize time request that is under way; nothing when it holds no date.
+    void setTimeOfDaySource(std::function<std::optional<std::time_t>()> source) { m_TimeOfDay = std::move(source); }
+
+    /// Changes what is answered from now on (see HardwareSettings::apply). A link that changes is reported to the
+    /// library.
     void change(const Json& request);
+    /// The link of an Ethernet port is now like this: remembers and reports it. The result of the report.
+    int reportLink(unsigned short instance, const HardwareSettings::Uni& uni);
     /// What was reported through an update entry is what this hardware measured: later refreshes report it again.
     void remember(const std::string& entry, const Json& arguments);
     /// What the data path serves.
@@ -138,13 +156,20 @@ private:
     /// The known counters of a class; null when nothing was ever told.
     Json counters(unsigned short classId, unsigned short instance) const;
     void rememberLevels(const std::string& entry, const Json& arguments);
+    /// How old the optical module is in its own, scaled time.
+    std::chrono::seconds opticalAge() const;
+    optics::Levels opticalLevels(unsigned short instance) const;
     template <typename Record>
     Record counterRecord(unsigned short classId, unsigned short instance) const;
 
     HardwareRecorder& m_Recorder;
+    OnuClock& m_Clock;
+    double m_TimeScale;
     OmciManagedEntitiesCore* m_Core = nullptr;
     std::function<void(OmciMessage&)> m_AttributeValueChange;
     ServiceModel m_Services;
+    TestResultSink m_TestResult;
+    std::function<std::optional<std::time_t>()> m_TimeOfDay;
     mutable std::mutex m_Mutex;
     HardwareSettings m_Settings;
 };

@@ -13,10 +13,10 @@ from support import OltTest
 class Simulator:
     """onu-sim in a directory of its own; ends with the block."""
 
-    def __init__(self, directory):
+    def __init__(self, directory, *options):
         self._control = os.path.join(directory, "control")
         self._command = [os.environ["ONU_SIM"], "--listen", "127.0.0.1:0", "--control", self._control,
-                         "--state-dir", os.path.join(directory, "state"), "--log-level", "0"]
+                         "--state-dir", os.path.join(directory, "state"), "--log-level", "0", *options]
 
     def __enter__(self):
         self._process = subprocess.Popen(self._command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
