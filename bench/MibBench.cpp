@@ -6,7 +6,6 @@
 #include <list>
 #include <map>
 
-#include "Logger.h"
 #include "Mib.h"
 #include "OmciFrame.h"
 #include "OmciManagedEntitiesCore.h"
@@ -17,12 +16,6 @@
 
 namespace {
 
-/// Without hardware the library reports its absence at level 3; what is measured is a line that is dropped.
-void dropReports()
-{
-    Logger::getInstance(150)->setLevel(2);
-}
-
 std::vector<StartupConfigManagedEntity> picture()
 {
     std::vector<StartupConfigManagedEntity> copy;
@@ -32,7 +25,7 @@ std::vector<StartupConfigManagedEntity> picture()
 
 void constructCore(benchmark::State& state)
 {
-    dropReports();
+    bench::dropReports();
     for (auto _ : state) {
         OmciManagedEntitiesCore core;
         benchmark::DoNotOptimize(&core);
@@ -53,7 +46,7 @@ BENCHMARK(constructCoreFloor)->Name("construct_core_floor")->Unit(benchmark::kMi
 
 void registerEverything(benchmark::State& state)
 {
-    dropReports();
+    bench::dropReports();
     OmciManagedEntityRegistrar* registrar = OmciManagedEntityRegistrar::getInstance();
     for (auto _ : state) {
         state.PauseTiming();
@@ -76,7 +69,7 @@ BENCHMARK(registerEverything)->Name("register_everything")->Unit(benchmark::kMic
 /// Every stored value through the adapter's Set.
 void registerEverythingFloor(benchmark::State& state)
 {
-    dropReports();
+    bench::dropReports();
     const std::vector<StartupConfigManagedEntity> records = picture();
     for (auto _ : state) {
         for (const StartupConfigManagedEntity& record : records) {
@@ -109,7 +102,7 @@ OmciFrame request(omci::MessageType type, const std::array<unsigned char, 32>& c
 
 void mibUpload(benchmark::State& state)
 {
-    dropReports();
+    bench::dropReports();
     OmciFrame frame = request(omci::MessageType::MibUpload, {});
     for (auto _ : state) {
         benchmark::DoNotOptimize(bench::adapter(2).mibUpload(&frame));
@@ -120,7 +113,7 @@ BENCHMARK(mibUpload)->Name("mib_upload_snapshot")->Unit(benchmark::kMicrosecond)
 /// Every uploaded value read once.
 void mibUploadFloor(benchmark::State& state)
 {
-    dropReports();
+    bench::dropReports();
     const OmciMeFactory* factory = OmciMeFactory::getInstance();
     for (auto _ : state) {
         for (const OmciMe* me = factory->getFirstManagedEntity(); me != nullptr;
@@ -146,7 +139,7 @@ BENCHMARK(mibUploadFloor)->Name("mib_upload_snapshot_floor")->Unit(benchmark::kM
 
 void mibUploadNext(benchmark::State& state)
 {
-    dropReports();
+    bench::dropReports();
     OmciFrame upload = request(omci::MessageType::MibUpload, {});
     bench::adapter(2).mibUpload(&upload);
     OmciFrame frame = request(omci::MessageType::MibUploadNext, {0, 5});
@@ -173,7 +166,7 @@ BENCHMARK(mibUploadNextFloor)->Name("mib_upload_next_floor");
 
 void mibReset(benchmark::State& state)
 {
-    dropReports();
+    bench::dropReports();
     for (auto _ : state) {
         benchmark::DoNotOptimize(bench::adapter(2).mibReset());
     }

@@ -10,13 +10,42 @@
 #include <mutex>
 #include <thread>
 
+#include <time.h>
+
 using Clock = std::chrono::steady_clock;
+
+namespace {
+
+/// Timers as long as this or longer do with a clock that lags by up to one tick of the system.
+constexpr std::chrono::seconds kLong{1};
+
+Clock::duration toDuration(const timespec& time)
+{
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+/// Not before the present, and a tick or two after it at most: a precise look at the clock is most of what the restart
+/// of a timer costs, and restarts come with every frame of a software download.
+Clock::time_point roughlyNow()
+{
+    static const Clock::duration tick = [] {
+        timespec resolution{};
+        clock_getres(CLOCK_MONOTONIC_COARSE, &resolution);
+        return toDuration(resolution);
+    }();
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    return Clock::time_point(toDuration(now)) + tick;
+}
+
+}  // namespace
 
 struct NorvikTimer::State
 {
     Handler handler;
     void* argument;
     Clock::time_point deadline{};
+    Clock::duration length{};
     double scale = 1;
     bool armed = false;
 };
@@ -53,8 +82,10 @@ public:
         const std::lock_guard lock(m_Mutex);
         startThread();
         state->scale = m_Scale;
-        state->deadline = Clock::now() + std::chrono::duration_cast<Clock::duration>(
-                                             std::chrono::duration<double, std::milli>(milliseconds / m_Scale));
+        const auto length = std::chrono::duration_cast<Clock::duration>(
+            std::chrono::duration<double, std::milli>(milliseconds / m_Scale));
+        state->deadline = (length < kLong ? Clock::now() : roughlyNow()) + length;
+        state->length = length;
         state->armed = true;
         if (state->deadline < m_WakeTime) {
             m_Changed.notify_one();
@@ -80,8 +111,9 @@ public:
         std::vector<Running> timers;
         for (const State* state : m_States) {
             if (state->armed) {
-                const double left = std::chrono::duration<double, std::milli>(state->deadline - now).count();
-                const double unscaled = std::ceil(std::max(0.0, left * state->scale));
+                const auto left = std::min(state->deadline - now, state->length);
+                const double milliseconds = std::chrono::duration<double, std::milli>(left).count();
+                const double unscaled = std::ceil(std::max(0.0, milliseconds * state->scale));
                 timers.push_back({state->handler, static_cast<unsigned int>(unscaled)});
             }
         }

@@ -119,8 +119,8 @@ unsigned int OmciFrame::getImageSizeInStartSoftwareDownload() const
 
 unsigned short OmciFrame::getDownloadSectionNumberInDownloadSection(bool /*received*/) const
 {
-    const auto request = omci::parseSectionRequest(viewOf(*this));
-    return request ? request->section : std::uint8_t{0};
+    // Asked for with every section of an image; parsing the whole would cost as much as taking it.
+    return m_ContentLength == 0 ? std::uint8_t{0} : m_Content[0];
 }
 
 unsigned int OmciFrame::getCRC32FromEndSoftwareDownload() const

@@ -168,7 +168,7 @@ private:
     /// Back to no download; the image comes out, to be freed by the caller.
     [[nodiscard]] static unsigned char* resetTransfer();
     static SectionConflict findSectionConflict(unsigned short instance);
-    static SectionOutcome takeSection(const Section& section);
+    static void takeSection(const Section& section, SectionOutcome& outcome);
     static void copySection(const Section& section, SectionOutcome& outcome);
     static void missSection(const Section& section, SectionOutcome& outcome);
     static void closeSection(const Section& section, SectionOutcome& outcome);

@@ -66,7 +66,7 @@ int OmciMeSoftwareImageAdapterExtended::downloadSection(OmciFrame* frame)
     SectionOutcome outcome{};
     {
         const Lock lock(m_Mutex);
-        outcome = takeSection(section);
+        takeSection(section, outcome);
     }
     if (outcome.conflict.kind != SectionConflict::NONE) {
         logSectionConflict(outcome.conflict, section.instance);
@@ -89,13 +89,11 @@ int OmciMeSoftwareImageAdapterExtended::downloadSection(OmciFrame* frame)
     return -1;
 }
 
-OmciMeSoftwareImageAdapterExtended::SectionOutcome
-OmciMeSoftwareImageAdapterExtended::takeSection(const Section& section)
+void OmciMeSoftwareImageAdapterExtended::takeSection(const Section& section, SectionOutcome& outcome)
 {
-    SectionOutcome outcome{};
     outcome.conflict = findSectionConflict(section.instance);
     if (outcome.conflict.kind != SectionConflict::NONE) {
-        return outcome;
+        return;
     }
     storeStatus(STATUS_IN_PROGRESS);
     outcome.firstOfDownload = std::exchange(m_IsDownloadStarted, static_cast<unsigned char>(1)) == 0;
@@ -108,7 +106,6 @@ OmciMeSoftwareImageAdapterExtended::takeSection(const Section& section)
         }
     }
     closeSection(section, outcome);
-    return outcome;
 }
 
 void OmciMeSoftwareImageAdapterExtended::missSection(const Section& section, SectionOutcome& outcome)

@@ -65,6 +65,17 @@ TEST(NorvikTimer, StartingAgainPutsItOff)
     EXPECT_TRUE(fired.waitFor(1));
 }
 
+TEST(NorvikTimer, LongTimerIsNeverEarly)
+{
+    Fired fired;
+    NorvikTimer timer(&Fired::handler, &fired);
+    const auto start = Clock::now();
+    timer.startOneShotTimer(1000);
+    EXPECT_LE(NorvikTimer::getRunningTimers().at(0).millisecondsLeft, 1000U);
+    EXPECT_TRUE(fired.waitFor(1));
+    EXPECT_GE(Clock::now() - start, milliseconds(1000));
+}
+
 TEST(NorvikTimer, StopKeepsItFromFiring)
 {
     Fired fired;
