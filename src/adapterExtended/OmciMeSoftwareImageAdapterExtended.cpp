@@ -12,6 +12,8 @@ using Adapter = OmciMeSoftwareImageAdapterExtended;
 namespace {
 
 constexpr unsigned int kInactivityMilliseconds = 30000;
+constexpr unsigned char kWindowSizeAtFirst = 127;
+constexpr unsigned char kNoInstance = 255;
 
 }  // namespace
 
@@ -36,8 +38,8 @@ unsigned char Adapter::m_MultipleRetransmissionError = 0;
 unsigned char Adapter::m_DownloadSectionError = 0;
 unsigned char Adapter::m_IsDownloadInProgress = 0;
 unsigned char* Adapter::m_ImageStorage = nullptr;
-unsigned char Adapter::m_WindowSize = 127;
-unsigned char Adapter::m_ImageInstanceUnderDownload = 255;
+unsigned char Adapter::m_WindowSize = kWindowSizeAtFirst;
+unsigned char Adapter::m_ImageInstanceUnderDownload = kNoInstance;
 
 OmciMeSoftwareImageAdapterExtended::OmciMeSoftwareImageAdapterExtended()
 {
@@ -46,10 +48,7 @@ OmciMeSoftwareImageAdapterExtended::OmciMeSoftwareImageAdapterExtended()
 
 OmciMeSoftwareImageAdapterExtended::~OmciMeSoftwareImageAdapterExtended()
 {
-    {
-        std::unique_lock<std::mutex> lock(m_Mutex);
-        m_WriterChanged.wait(lock, [] { return m_WritersRunning == 0; });
-    }
+    waitForWriters();
     cleanUp();
     m_SoftwareDownloadStatusStr.clear();
     stopTimer();
@@ -109,6 +108,29 @@ void OmciMeSoftwareImageAdapterExtended::cleanUp()
         image = resetTransfer();
     }
     discardImage(image);
+}
+
+void OmciMeSoftwareImageAdapterExtended::waitForWriters()
+{
+    std::unique_lock<std::mutex> lock(m_Mutex);
+    m_WriterChanged.wait(lock, [] { return m_WritersRunning == 0; });
+}
+
+void OmciMeSoftwareImageAdapterExtended::forgetDownload()
+{
+    stopTimer();
+    waitForWriters();
+    unsigned char* image = nullptr;
+    {
+        const Lock lock(m_Mutex);
+        image = resetTransfer();
+        storeStatus(STATUS_NONE_YET);
+        m_IsDownloadStarted = 0;
+        m_RxOmciFifoDepthInBytes = 0;
+        m_WindowSize = kWindowSizeAtFirst;
+        m_ImageInstanceUnderDownload = kNoInstance;
+    }
+    std::free(image);
 }
 
 void OmciMeSoftwareImageAdapterExtended::discardImage(unsigned char* image)

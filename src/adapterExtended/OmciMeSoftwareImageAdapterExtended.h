@@ -77,6 +77,8 @@ public:
     /// Gives the download up: frees the image, keeps the status. Does nothing while the image is checked
     /// or written.
     static void cleanUp();
+    /// Back to the state of a new process, once a writer that is under way is through. On the OMCI thread.
+    static void forgetDownload();
 
     /// 30 seconds without a section. On the timer's thread.
     static void timerHandler(sigval argument);
@@ -84,7 +86,7 @@ public:
     static void* flashWriterCallback(void* parameters);
 
 private:
-    /// Tests begin with the state of a new process.
+    /// Tests wait for the writer.
     friend struct SoftwareDownloadState;
 
     using Lock = std::lock_guard<std::mutex>;
@@ -123,6 +125,7 @@ private:
 
     static void startTimer();
     static void stopTimer();
+    static void waitForWriters();
     /// Frees it and drops the page cache.
     static void discardImage(unsigned char* image);
     static void dropPageCache();

@@ -19,4 +19,9 @@ void updateDownloadStartedFlag(unsigned char started)
     OmciMeSoftwareImageAdapterExtended::updateDownloadStartedFlag(started);
 }
 
+void forgetSoftwareDownload()
+{
+    OmciMeSoftwareImageAdapterExtended::forgetDownload();
+}
+
 }  // namespace nrvk

@@ -510,3 +510,21 @@ TEST_F(SoftwareDownloadWrite, SecondAdapterDoesNotTouchTheImage)
     SoftwareDownloadState::waitForWriters();
     EXPECT_EQ(poll(), 1);
 }
+
+TEST_F(SoftwareDownloadWrite, ForgettingWaitsForTheWriter)
+{
+    download(image);
+    scriptRuns();
+    std::atomic<bool> forgotten{false};
+    std::thread restart([&] {
+        nrvk::forgetSoftwareDownload();
+        forgotten = true;
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_FALSE(forgotten);
+    scriptEnds();
+    restart.join();
+    EXPECT_EQ(readFile(kImageFile), image);
+    EXPECT_EQ(status(), 0U);
+    EXPECT_EQ(start(100), 0);
+}

@@ -43,7 +43,7 @@ TEST_F(SoftwareDownloadStatus, EachNumberHasItsWordFlagAndNotification)
 {
     for (const StatusRow& row : kStatusRows) {
         SCOPED_TRACE(row.number);
-        SoftwareDownloadState::reset();
+        nrvk::forgetSoftwareDownload();
         std::vector<int> told;
         EXPECT_CALL(hardware, notifySoftwareDownloadStatus(_)).WillRepeatedly([&told](unsigned char value) {
             told.push_back(value);
@@ -85,7 +85,7 @@ TEST_F(SoftwareDownloadStatus, TransferIsReportedOnceUntilItEnds)
         putStatus(ends);
         putStatus(3);
         ::testing::Mock::VerifyAndClearExpectations(&hardware);
-        SoftwareDownloadState::reset();
+        nrvk::forgetSoftwareDownload();
     }
 }
 
@@ -175,4 +175,30 @@ TEST_F(SoftwareDownloadStatus, NewAdapterGivesTheDownloadUpAndKeepsTheStatus)
     EXPECT_EQ(status(), 1U);
     EXPECT_FALSE(inProgress());
     EXPECT_EQ(display()["Word"], "DOWNLOAD STARTED SUCCESS");
+}
+
+TEST_F(SoftwareDownloadStatus, ForgottenDownloadIsThatOfANewProcess)
+{
+    const std::string fresh = displayText();
+    images().updateRxOmciFifoDepthInBytes(4000);
+    ASSERT_EQ(start(1000, 7), 0);
+    section(0, imageOf(31), false);
+    section(3, imageOf(31), false);
+    ASSERT_NE(displayText(), fresh);
+    Sandbox::clearCommands();
+    nrvk::forgetSoftwareDownload();
+    EXPECT_EQ(displayText(), fresh);
+    EXPECT_EQ(timersOfDownload(), 0U);
+    EXPECT_EQ(Sandbox::commands(), Texts{});
+    EXPECT_CALL(hardware, notifySoftwareDownloadStatus(2));
+    EXPECT_EQ(start(31), 0);
+    EXPECT_EQ(section(0, imageOf(31), true), 0);
+}
+
+TEST_F(SoftwareDownloadStatus, ForgettingClearsAnActivatedImage)
+{
+    ASSERT_EQ(activate(1), 0);
+    ASSERT_EQ(start(31), -1);
+    nrvk::forgetSoftwareDownload();
+    EXPECT_EQ(start(31), 0);
 }

@@ -12,29 +12,15 @@
 #include "LibraryTest.h"
 #include "NorvikTimer.h"
 #include "OmciManagedEntityRegistrar.h"
+#include "SoftwareDownloadAccess.h"
 #include "adapterExtended/OmciMeSoftwareImageAdapterExtended.h"
 #include "implExtended/OmciMeSoftwareImageImplExtended.h"
 #include "sandbox/Sandbox.h"
 
-/// What no operation reaches: the state of a download as in a new process, and the writer's end.
+/// What no operation reaches: the writer's end.
 struct SoftwareDownloadState
 {
-    using Adapter = OmciMeSoftwareImageAdapterExtended;
-
-    static void reset()
-    {
-        const std::lock_guard<std::mutex> lock(Adapter::m_Mutex);
-        Adapter::m_RxOmciFifoDepthInBytes = 0;
-        Adapter::m_IsDownloadStarted = 0;
-        Adapter::m_SoftwareDownloadStatus = 0;
-        Adapter::m_WindowSize = 127;
-        Adapter::m_ImageInstanceUnderDownload = 255;
-    }
-    static void waitForWriters()
-    {
-        std::unique_lock<std::mutex> lock(Adapter::m_Mutex);
-        Adapter::m_WriterChanged.wait(lock, [] { return Adapter::m_WritersRunning == 0; });
-    }
+    static void waitForWriters() { OmciMeSoftwareImageAdapterExtended::waitForWriters(); }
 };
 
 /// A board that runs and has committed image 0, and an OLT that downloads to image 1.
@@ -58,7 +44,7 @@ protected:
 
     SoftwareDownloadTest()
     {
-        SoftwareDownloadState::reset();
+        nrvk::forgetSoftwareDownload();
         std::filesystem::remove(Sandbox::realPath(kVerifyStatus));
         std::filesystem::remove(Sandbox::realPath(kImageFile));
         writeFile(kDescriptions, descriptions(0, 0));

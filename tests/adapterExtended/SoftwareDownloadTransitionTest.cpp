@@ -96,9 +96,7 @@ protected:
         for (std::size_t row = 0; row < rows.size(); ++row) {
             for (const unsigned short from : rows[row].from) {
                 SCOPED_TRACE("row " + std::to_string(row) + " from " + std::to_string(from));
-                SoftwareDownloadState::waitForWriters();
-                Adapter::cleanUp();
-                SoftwareDownloadState::reset();
+                nrvk::forgetSoftwareDownload();
                 Sandbox::setFreeSpace(1U << 30);
                 reach(from);
                 happens(rows[row].event);
