@@ -9,6 +9,7 @@
 #include "OmciManagedEntityRegistrar.h"
 #include "OmciMeFactory.h"
 #include "OnuInstances.h"
+#include "SoftwareDownloadAccess.h"
 #include "host/HostMib.h"
 #include "host/LogSink.h"
 #include "host/MessageLayout.h"
@@ -99,6 +100,7 @@ std::optional<std::time_t> Onu::requestedTime() const
 
 Onu::~Onu()
 {
+    endWriting();
     registrar().setOmciHardwareIfc(nullptr);
     HALFactory::getInstance()->setHal(nullptr);
 }
@@ -147,14 +149,23 @@ void Onu::applyIdentity()
 
 void Onu::restart()
 {
+    endWriting();
     tearDown();
     m_Statics.restore();
+    m_BoardScripts.comeUp();
+    m_BoardScripts.boot();
     m_Dispatcher.forgetRequests();
     m_Notifier.setMibKnown(false);
     m_Notifier.restartAlarmSequence();
     m_Clock.restart();
     start();
     logLine("restart", __LINE__, kCritical, "The ONU has restarted: the library's state is new, the machine runs on");
+}
+
+void Onu::endWriting()
+{
+    m_BoardScripts.goDown();
+    nrvk::forgetSoftwareDownload();
 }
 
 void Onu::tearDown()

@@ -10,6 +10,7 @@
 #include "LibraryStatics.h"
 #include "OmciManagedEntitiesCore.h"
 #include "OnuClock.h"
+#include "board/BoardScripts.h"
 #include "hardware/SimulatedHardware.h"
 #include "host/Dispatcher.h"
 #include "host/Notifier.h"
@@ -34,13 +35,15 @@ public:
 
     /// Builds the start-up MIB, to the first moment at which the OLT may talk.
     void start();
-    /// What a reboot does: all instances, adapters and edits of the start-up table go, and the ONU starts anew.
+    /// What a reboot does: all instances, adapters and edits of the start-up table go, and the ONU starts anew, from
+    /// the image slot that is to boot.
     void restart();
 
     omci::Dispatcher& dispatcher() { return m_Dispatcher; }
     omci::Notifier& notifier() { return m_Notifier; }
     SimulatedHardware& hardware() { return m_Hardware; }
     OnuClock& clock() { return m_Clock; }
+    BoardScripts& boardScripts() { return m_BoardScripts; }
     OmciManagedEntitiesCore& core() { return *m_Core; }
 
     /// Whether the registrar holds the hardware interface; it does from the start.
@@ -53,12 +56,15 @@ private:
     /// The time that the synchronize time request under way holds; nothing, with a log line, when that is no date.
     std::optional<std::time_t> requestedTime() const;
     void applyIdentity();
+    /// Ends what other threads do on the ONU's behalf.
+    void endWriting();
     void tearDown();
 
     Setup m_Setup;
     LibraryStatics m_Statics;
     BoardHal m_Hal;
     OnuClock m_Clock;
+    BoardScripts m_BoardScripts;
     SimulatedHardware m_Hardware;
     omci::Notifier m_Notifier;
     omci::Dispatcher m_Dispatcher;

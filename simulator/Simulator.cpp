@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <system_error>
@@ -16,6 +17,9 @@
 #include "sandbox/Sandbox.h"
 
 namespace {
+/// What a board has to spare. The machine's own, which the library takes on 32 bits, may look like next to nothing.
+constexpr std::uint64_t kFreeSpace = std::uint64_t{1} << 30;
+
 Board boardOf(const Options& options)
 {
     Board board = options.boardFile.empty() ? Board() : readBoardFile(options.boardFile);
@@ -35,6 +39,7 @@ Simulator::Simulator(const Options& options)
         m_Capture.open(options.capture);
     }
     NorvikTimer::setTimeScale(options.timeScale);
+    Sandbox::setFreeSpace(kFreeSpace);
     m_Onu =
         std::make_unique<Onu>(Onu::Setup{board, options.mic, options.fifoDepth, options.timeScale}, m_Recorder,
                               [this](const std::uint8_t* frame, std::size_t length) { sendUnasked(frame, length); });
@@ -127,8 +132,9 @@ int Simulator::runCommand(const char* command)
     if (std::strcmp(command, "reboot") == 0) {
         // After the reply, as a board has the time to send it.
         m_Loop.post([this] { m_Onu->restart(); });
+        return 0;
     }
-    return 0;
+    return m_Onu->boardScripts().run(command);
 }
 
 void Simulator::flushLogs()

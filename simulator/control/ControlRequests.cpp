@@ -12,6 +12,7 @@ ControlRequests::ControlRequests(Onu& onu) : m_Onu(onu), m_Calls(onu)
     addMibRequests();
     addVlanRequests();
     addHardwareRequests();
+    addBoardRequests();
     addOnuRequests();
     for (const char* name : kNotSupported) {
         m_Requests[name] = [name](const Json&) -> Json {

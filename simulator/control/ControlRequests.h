@@ -28,6 +28,7 @@ private:
     void addMibRequests();
     void addVlanRequests();
     void addHardwareRequests();
+    void addBoardRequests();
     void addOnuRequests();
 
     Onu& m_Onu;

@@ -1,4 +1,4 @@
-// Requests about the board: the simulated hardware, the stand-ins of the machine, failures.
+// Requests about the simulated hardware and the machine below the library: settings, failures, shell commands.
 #include <cerrno>
 
 #include "Onu.h"
@@ -22,18 +22,6 @@ Json changeHardware(Onu& onu, const Json& request)
     return {{"result", 0}};
 }
 
-Json changeBoard(const Json& request)
-{
-    for (const char* field : {"verify", "description"}) {
-        if (request.at("board").is_object() && request.at("board").contains(field)) {
-            throw BadRequest(std::string("board.") + field + " is not supported by this build");
-        }
-    }
-    const RequestFields fields(request, "board", {"free_space"});
-    Sandbox::setFreeSpace(fields.get<std::uint64_t>("free_space"));
-    return {{"result", 0}};
-}
-
 Json failCalls(const Json& request)
 {
     const RequestFields fields(request, "fail", {"call", "errno", "times"});
@@ -53,7 +41,6 @@ Json failCalls(const Json& request)
 void ControlRequests::addHardwareRequests()
 {
     m_Requests["hardware"] = [this](const Json& request) { return changeHardware(m_Onu, request); };
-    m_Requests["board"] = changeBoard;
     m_Requests["fail"] = failCalls;
     m_Requests["system"] = [](const Json& request) -> Json {
         requireTrue(request, "system");

@@ -25,6 +25,8 @@ public:
     {
         return m_Fields.contains(field) ? get<T>(field) : otherwise;
     }
+    bool has(const char* field) const { return m_Fields.contains(field); }
+    bool isEmpty() const { return m_Fields.empty(); }
     /// BadRequest when it is missing.
     const Json& member(const char* field) const;
 
