@@ -5,13 +5,15 @@
 #include "model/Errors.h"
 #include "model/Names.h"
 #include "model/Value.h"
+#include "model/VlanRow.h"
 
 namespace olt {
 
 const char* const kValueHelp =
     "Values: numbers (10, 0x0A, -5), locked/unlocked and enabled/disabled for states; octets and table rows as 0x\n"
     "and hexadecimal digits or as text (text: in front forces text), filled with zeros at the end; addresses as\n"
-    "10.0.0.1, fe80::1 and 00:11:22:33:44:55, serial numbers as ABCD12345678.";
+    "10.0.0.1, fe80::1 and 00:11:22:33:44:55, serial numbers as ABCD12345678; VLAN filter lists as 100,200:3 (VID and\n"
+    "priority).";
 
 void EntityArguments::declare(Options& options)
 {
@@ -46,10 +48,41 @@ std::vector<const Attribute*> resolveAttributes(const EntityClass& entity, const
     return attributes;
 }
 
+namespace {
+
+/// The attribute whose value may be spelled as the fields of a VLAN row; null when the class has none.
+const Attribute* vlanRowAttribute(const EntityClass& entity)
+{
+    const auto found = std::find_if(entity.attributes.begin(), entity.attributes.end(),
+                                    [](const auto& attribute) { return attribute.form == Form::VlanRow; });
+    return found == entity.attributes.end() ? nullptr : &*found;
+}
+
+/// Fields of a VLAN row, scattered over several words, become one assignment to their attribute.
+std::vector<std::string> gatherVlanFields(const EntityClass& entity, const std::vector<std::string>& assignments)
+{
+    const Attribute* const attribute = vlanRowAttribute(entity);
+    if (!attribute)
+        return assignments;
+    std::vector<std::string> gathered;
+    std::string fields;
+    for (const auto& assignment : assignments) {
+        if (isVlanFieldName(assignment.substr(0, assignment.find('='))))
+            fields += (fields.empty() ? "" : " ") + assignment;
+        else
+            gathered.push_back(assignment);
+    }
+    if (!fields.empty())
+        gathered.push_back(attribute->name + "=" + fields);
+    return gathered;
+}
+
+}  // namespace
+
 std::vector<AttributeValue> resolveAssignments(const EntityClass& entity, const std::vector<std::string>& assignments)
 {
     std::vector<AttributeValue> values;
-    for (const auto& assignment : assignments) {
+    for (const auto& assignment : gatherVlanFields(entity, assignments)) {
         const auto equals = assignment.find('=');
         if (equals == std::string::npos || equals == 0)
             throw UsageError("\"" + assignment + "\" isn't ATTRIBUTE=VALUE");

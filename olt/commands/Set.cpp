@@ -1,6 +1,7 @@
 #include "app/Arguments.h"
 #include "app/Command.h"
 #include "app/Report.h"
+#include "model/VlanRow.h"
 
 namespace olt {
 
@@ -15,6 +16,7 @@ public:
         options.positionals("ATTRIBUTE=VALUE", m_Assignments, "Attributes and their new values",
                             Options::Need::Required);
         options.note(kValueHelp);
+        options.note(kVlanRowHelp);
     }
 
     void prepare(Context& context) override
@@ -39,7 +41,8 @@ const CommandRegistration<Set> registration(
     "set", CommandGroup::Entity, "Write attributes",
     "Values that exceed one message go out in several, in attribute order. A table attribute takes one row.\n\n"
     "Examples:\n  set OnuG 0 AdministrativeState=locked BatteryBackup=1\n"
-    "  set IpHostConfigData 0 IpAddress=10.0.0.2 Mask=255.255.255.0\n");
+    "  set IpHostConfigData 0 IpAddress=10.0.0.2 Mask=255.255.255.0\n"
+    "  set 171 1 filter-inner-vid=100 treat-inner-vid=200\n");
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #include "model/Errors.h"
 #include "model/Hex.h"
 #include "model/Names.h"
+#include "model/VlanRow.h"
 
 #include <algorithm>
 #include <array>
@@ -74,6 +75,14 @@ Attribute readAttribute(const json& object)
     return attribute;
 }
 
+/// Rows of bits that no name tells apart.
+Form formOfVlan(std::uint16_t entityClass, const Attribute& attribute)
+{
+    if (entityClass == 171 && attribute.number == 6 && attribute.size == kVlanRowSize)
+        return Form::VlanRow;
+    return entityClass == 84 && attribute.number == 1 ? Form::VlanFilterList : attribute.form;
+}
+
 EntityClass readClass(const json& object)
 {
     EntityClass entity;
@@ -82,6 +91,7 @@ EntityClass readClass(const json& object)
     entity.title = object.at("entity").get<std::string>();
     for (const auto& attribute : object.at("attributes")) {
         entity.attributes.push_back(readAttribute(attribute));
+        entity.attributes.back().form = formOfVlan(entity.id, entity.attributes.back());
         const bool defined = attribute.at("has_definition").get<bool>();
         if (defined && entity.attributes.back().readable)
             entity.readableMask = static_cast<std::uint16_t>(entity.readableMask | entity.attributes.back().mask);

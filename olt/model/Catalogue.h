@@ -33,7 +33,9 @@ enum class Form
     Ipv4,
     Ipv6,
     Mac,
-    SerialNumber
+    SerialNumber,
+    VlanRow,        ///< A row of the VLAN tagging operation table.
+    VlanFilterList  ///< Twelve tags.
 };
 
 struct Attribute

@@ -3,6 +3,7 @@
 #include "model/Errors.h"
 #include "model/Hex.h"
 #include "model/Names.h"
+#include "model/VlanRow.h"
 
 #include <algorithm>
 #include <arpa/inet.h>
@@ -120,6 +121,27 @@ std::optional<Bytes> parseSerialNumber(std::string_view text)
     return bytes;
 }
 
+/// "100,200:3": VIDs, each with a priority where a colon follows.
+Bytes parseVlanFilterList(const Attribute& attribute, std::string_view text)
+{
+    Bytes list;
+    for (std::string_view rest = text; !rest.empty();) {
+        const std::string_view entry = rest.substr(0, rest.find(','));
+        rest.remove_prefix(std::min(entry.size() + 1, rest.size()));
+        const auto colon = std::min(entry.find(':'), entry.size());
+        const auto vid = parseUnsigned(entry.substr(0, colon));
+        const auto priority = colon == entry.size() ? 0 : parseUnsigned(entry.substr(colon + 1)).value_or(8);
+        if (!vid || *vid > 4095 || priority > 7)
+            refuse(attribute, text, "\"" + std::string(entry) + "\" isn't VID or VID:PRIORITY");
+        const Bytes tag = bigEndianBytes(priority << 13 | *vid, 2);
+        list.insert(list.end(), tag.begin(), tag.end());
+    }
+    if (list.size() > attribute.size)
+        refuse(attribute, text, "has more than " + std::to_string(attribute.size / 2) + " entries");
+    list.resize(attribute.size);
+    return list;
+}
+
 std::optional<Bytes> parseForm(const Attribute& attribute, std::string_view text)
 {
     if (attribute.kind == Kind::Octets && attribute.size == 4) {
@@ -135,6 +157,10 @@ std::optional<Bytes> parseForm(const Attribute& attribute, std::string_view text
     }
     if (attribute.form == Form::SerialNumber)
         return parseSerialNumber(text);
+    if (attribute.form == Form::VlanRow && text.find('=') != std::string_view::npos)
+        return parseVlanRow(text).toOctets();
+    if (attribute.form == Form::VlanFilterList && text.find_first_not_of("0123456789,: ") == std::string_view::npos)
+        return parseVlanFilterList(attribute, text);
     return std::nullopt;
 }
 
@@ -201,6 +227,14 @@ std::string formatInForm(Form form, const Bytes& value)
     case Form::SerialNumber:
         if (std::all_of(value.begin(), value.begin() + 4, isPrintable))
             return std::string(value.begin(), value.begin() + 4) + toHex(value.data() + 4, 4);
+        break;
+    case Form::VlanRow:
+        if (!isAllZero(value))
+            return vlanRowText(olt::VlanRow::fromOctets(value));
+        break;
+    case Form::VlanFilterList:
+        if (!isAllZero(value))
+            return vlanFilterListText(value);
         break;
     case Form::Plain:
         break;
