@@ -12,8 +12,8 @@
 #include "OnuClock.h"
 #include "hardware/HardwareCall.h"
 #include "hardware/HardwareSettings.h"
-#include "services/ServiceModel.h"
 #include "hardware/Optics.h"
+#include "services/ServiceModel.h"
 
 /// The hardware layer of the simulated ONU. Writes each call down, answers refreshes through the library's update
 /// entries within the call, and finds what it needs of the MIB by itself.

@@ -29,10 +29,7 @@ enum class Guard
 class Threads : public CoreTest
 {
 protected:
-    Threads()
-    {
-        startUp(BoardSpecificConfig{8, 4, 0, 1, 1, 8, 4, 2});
-    }
+    Threads() { startUp(BoardSpecificConfig{8, 4, 0, 1, 1, 8, 4, 2}); }
 
     /// One report of each kind; all of its values follow from the number.
     void report(unsigned int number)

@@ -95,6 +95,13 @@ void deleteInstance(const OmciMe& me, unsigned short instance)
     OmciManagedEntityRegistrar::getInstance()->deleteManagedEntityInstance(me.getManagedEntityClassId(), instance);
 }
 
+void removeAdapter(unsigned short classId)
+{
+    OmciMe* me = OmciMeFactory::getInstance()->getManagedEntity(classId);
+    OmciMeFactory::getInstance()->unregisterManagedEntity(classId);
+    delete me;
+}
+
 void deleteEverything()
 {
     // Adapters that go ask the shell for clean-up; a test's handler may hold what has ended with the test.
@@ -109,8 +116,7 @@ void deleteEverything()
         }
     }
     for (OmciMe* me : adapters) {
-        OmciMeFactory::getInstance()->unregisterManagedEntity(me->getManagedEntityClassId());
-        delete me;
+        removeAdapter(me->getManagedEntityClassId());
     }
     OmciManagedEntityRegistrar::deleteInstance();
     coreStatics().restore();
@@ -129,13 +135,10 @@ void registerMib(const OmciManagedEntitiesCore& core)
     core.getManagedEntitiesCore(managedEntities);
     OmciManagedEntityRegistrar* registrar = OmciManagedEntityRegistrar::getInstance();
     registrar->setSupportedManagedEntities(managedEntities);
-    const std::vector<OmciMe*> earlier = allAdapters();
-    registrar->registerSupportedManagedEntities();
-    for (OmciMe* me : earlier) {
-        if (OmciMeFactory::getInstance()->getManagedEntity(me->getManagedEntityClassId()) != me) {
-            delete me;  // the start has put a new one in its place
-        }
+    for (const StartupConfigManagedEntity& managedEntity : managedEntities) {
+        removeAdapter(managedEntity.classId);  // the start puts a new one in its place
     }
+    registrar->registerSupportedManagedEntities();
     Sandbox::clearCommands();  // what the start itself asked of the shell is no test's business
 }
 
