@@ -89,6 +89,8 @@ component_clang() {
 
 component_fuzz() { scripts/fuzz --smoke "${FUZZ_SECONDS:-20}"; }
 
+component_package() { scripts/package; }
+
 component_bench() { scripts/bench --smoke; }
 
 # What a newcomer does: a clone of what is committed, nothing built, one command.

@@ -9,6 +9,7 @@
 #include "HeldOutput.h"
 #include "OmciManagedEntityRegistrar.h"
 #include "Options.h"
+#include "ServiceManager.h"
 #include "Simulator.h"
 #include "sandbox/Sandbox.h"
 
@@ -40,7 +41,9 @@ void run(const Options& options)
     Simulator simulator(options);
     held->printFirst(("listening on " + simulator.listenAddress() + '\n').c_str());
     held.reset();
+    service_manager::tellReady();
     simulator.run();
+    service_manager::tellStopping();
 }
 }  // namespace
 

@@ -28,6 +28,7 @@ MAY_INCLUDE = {
     "host": PUBLIC | {CODEC},
     "simulator": PUBLIC | {"host", CODEC},
     "olt": {CODEC},
+    "docs": PUBLIC | {"host", CODEC},
     "tests": ANY,
     "bench": ANY,
     "fuzz": ANY,

@@ -10,7 +10,7 @@ import project
 
 SCRIPTS = project.SOURCE / "scripts"
 COMMANDS = ["install-dependencies", "test", "demo", "bench", "arm-sysroot"]
-PURPOSES = {"build", "run", "test", "check", "cross"}
+PURPOSES = {"package", "build", "run", "test", "check", "cross"}
 
 
 def shell_files():

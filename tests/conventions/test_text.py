@@ -13,7 +13,7 @@ RECORDED = ("tests/data/", "tests/golden/")
 SEEDS = "fuzz/corpus/"
 # A path of one developer's machine; the library's own (/opt/addons, /tmp/ont_image.sef) are part of its contract.
 MACHINE_PATH = re.compile(r"(?<![\w./-])/(?:home/(?!root/\.)|root/|work/|Users/)")
-FILE_NAME = re.compile(r"^[A-Za-z0-9_.-]+$")
+FILE_NAME = re.compile(r"^[A-Za-z0-9_.@-]+$")
 # Shell scripts that people call have plain names; Python and C++ files are importable or class-like.
 PYTHON_NAME = re.compile(r"^[a-z][a-z0-9_]*\.py$")
 

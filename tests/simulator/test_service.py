@@ -1,0 +1,49 @@
+"""onu-sim as a service: the manager hears when it is ready and when it ends."""
+
+import os
+import signal
+import socket
+import subprocess
+import tempfile
+import unittest
+
+from onu_sim import PROGRAM, TIMEOUT
+
+
+class Service(unittest.TestCase):
+    def setUp(self):
+        directory = tempfile.TemporaryDirectory()
+        self.addCleanup(directory.cleanup)
+        self.directory = directory.name
+        self.manager = socket.socket(socket.AF_UNIX, socket.SOCK_DGRAM)
+        self.addCleanup(self.manager.close)
+        self.manager.settimeout(TIMEOUT)
+        self.manager.bind(os.path.join(self.directory, "notify"))
+
+    def start(self):
+        environment = dict(os.environ, TMPDIR=self.directory, NOTIFY_SOCKET=os.path.join(self.directory, "notify"))
+        program = subprocess.Popen([PROGRAM, "--listen", "127.0.0.1:0", "--log-level", "0"], stdout=subprocess.PIPE,
+                                   env=environment, text=True)
+        self.addCleanup(program.stdout.close)
+        self.addCleanup(program.wait)
+        self.addCleanup(program.kill)
+        return program
+
+    def test_managerHearsReadyAfterTheFirstLineAndStoppingAtTheEnd(self):
+        program = self.start()
+        self.assertEqual(self.manager.recv(100), b"READY=1")
+        self.assertTrue(program.stdout.readline().startswith("listening on "))
+        program.send_signal(signal.SIGTERM)
+        self.assertEqual(self.manager.recv(100), b"STOPPING=1")
+        self.assertEqual(program.wait(TIMEOUT), 0)
+
+    def test_endLeavesNothingBehind(self):
+        program = self.start()
+        self.assertEqual(self.manager.recv(100), b"READY=1")
+        program.send_signal(signal.SIGTERM)
+        self.assertEqual(program.wait(TIMEOUT), 0)
+        self.assertEqual(os.listdir(self.directory), ["notify"])
+
+
+if __name__ == "__main__":
+    unittest.main()
