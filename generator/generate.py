@@ -157,6 +157,9 @@ def render(catalogue: Catalogue) -> dict[str, str]:
     files["src/DefaultConfigTable.cpp"] = env.get_template("DefaultConfigTable.cpp.j2").render(
         rows=catalogue.startup_rows
     )
+    files["src/TableRows.cpp"] = env.get_template("TableRows.cpp.j2").render(
+        classes=[me for me in catalogue.classes if me.tables]
+    )
     return files
 
 
@@ -168,6 +171,7 @@ def list_sources(catalogue: Catalogue) -> None:
                 print(f"{me.family};{path.format(me.short_name)}")
     print("table;src/ManagedEntityClasses.cpp")
     print("table;src/DefaultConfigTable.cpp")
+    print("rows;src/TableRows.cpp")
 
 
 def main() -> None:

@@ -124,6 +124,10 @@ class ManagedEntity:
         return self.attributes[2:]
 
     @property
+    def tables(self) -> tuple[Attribute, ...]:
+        return tuple(attribute for attribute in self.attributes if attribute.is_table)
+
+    @property
     def onu_creatable(self) -> bool:
         """The ONU itself may create instances, at start-up or later."""
         return "onu" in self.created_by

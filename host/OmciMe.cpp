@@ -72,17 +72,6 @@ int OmciMe::getMibUploadMessage(unsigned short /*sequenceNumber*/, unsigned char
     return -1;
 }
 
-int OmciMe::getNext(OmciFrame* frame) const
-{
-    if (frame == nullptr) {
-        return -1;
-    }
-    // A class without tables knows no get next; one whose tables nobody serves has failed to.
-    const Result result = getGetNextAttributesMask() == 0 ? Result::NotSupported : Result::ProcessingError;
-    frame->setFrameToSendBackToOLT(static_cast<unsigned char>(result), 0, 0, 0, nullptr, 0);
-    return -1;
-}
-
 int OmciMe::mibReset() const
 {
     return -1;

@@ -4,15 +4,18 @@
 #include <utility>
 #include <vector>
 
+#include "DebugService.h"
 #include "Logger.h"
 #include "MibAccess.h"
 #include "OmciManagedEntityRegistrar.h"
 #include "OmciMeFactory.h"
 #include "OnuInstances.h"
 #include "SoftwareDownloadAccess.h"
+#include "TableRowsAccess.h"
 #include "host/HostMib.h"
 #include "host/LogSink.h"
 #include "host/MessageLayout.h"
+#include "host/TableRows.h"
 
 namespace {
 constexpr unsigned short kClassSoftwareImage = 7;
@@ -82,6 +85,8 @@ void Onu::connectHardwareToHost()
                                   length);
     });
     m_Hardware.setTimeOfDaySource([this] { return requestedTime(); });
+    m_Hardware.setDebugService([this](const std::string& command) { return answerDebugCommand(*this, command); });
+    omci::setTableRowSource(&nrvk::getTableRow);
 }
 
 std::optional<std::time_t> Onu::requestedTime() const

@@ -212,25 +212,83 @@ Outcome command(Session& session, const EntityId& entity, MessageType type, Byte
 
 namespace {
 
-/// Get next messages until `size` octets are there. False when the ONU refuses, with the reason in `table`.
-bool readTableOctets(Session& session, const EntityId& entity, const Attribute& attribute, TableContents& table,
-                     Bytes& octets)
+/// One get next message. False when the ONU refuses, with the reason in `table`.
+bool readNext(Session& session, const EntityId& entity, std::uint16_t mask, std::uint16_t sequence,
+              TableContents& table, Bytes& octets)
 {
-    for (std::uint16_t sequence = 0; octets.size() < table.size; ++sequence) {
-        const omci::GetNextRequest layout{attribute.mask, sequence};
-        const Frame answer = session.request(
-            requestTo(entity, MessageType::GetNext, written([&](auto* contents) { return layout.write(contents); })));
-        const auto response = orBadAnswer(omci::parseGetNextResponse(answer.view()), entity, MessageType::GetNext);
-        table.result = response.result;
-        if (response.result != Result::Success)
-            return false;
-        if (response.data.size == 0)
-            throw BadAnswer("get next ends after " + std::to_string(octets.size()) + " of " +
-                            std::to_string(table.size) + " octets");
-        octets.insert(octets.end(), response.data.data, response.data.data + response.data.size);
-    }
+    const omci::GetNextRequest layout{mask, sequence};
+    const Frame answer = session.request(
+        requestTo(entity, MessageType::GetNext, written([&](auto* contents) { return layout.write(contents); })));
+    const auto response = orBadAnswer(omci::parseGetNextResponse(answer.view()), entity, MessageType::GetNext);
+    table.result = response.result;
+    if (response.result != Result::Success)
+        return false;
+    if (response.data.size == 0)
+        throw BadAnswer("get next " + std::to_string(sequence) + " of " + std::to_string(table.size) +
+                        " octets or rows has no data");
+    octets.assign(response.data.data, response.data.data + response.data.size);
     return true;
 }
+
+/// The tables whose classes serve them by themselves announce their size in octets; the others' rows are counted.
+bool announcesOctets(const EntityId& entity, const Attribute& attribute)
+{
+    constexpr std::uint16_t remoteDebug = 158;
+    constexpr std::uint16_t statusPortal = 65420;
+    constexpr std::uint16_t statusMessage = 0x20;
+    return attribute.size == 0 || entity.entityClass->id == remoteDebug ||
+           (entity.entityClass->id == statusPortal && attribute.mask == statusMessage);
+}
+
+/// Collects the rows of a table out of get next messages.
+class RowReader
+{
+public:
+    RowReader(const EntityId& entity, const Attribute& attribute, omci::Format format, TableContents& table)
+        : m_RowSize(attribute.size), m_InOctets(announcesOctets(entity, attribute)),
+          m_IsBaseline(format == omci::Format::Baseline), m_Table(table)
+    {}
+
+    /// All that was announced is there, whichever way it was counted.
+    bool isComplete() const
+    {
+        return m_InOctets ? m_Octets >= m_Table.size : m_Partial.empty() && m_Table.rows.size() >= m_Table.size;
+    }
+    /// An ONU that counts octets has no more rows.
+    bool mayEnd() const { return m_Partial.empty() && m_Octets >= m_Table.size; }
+
+    /// A baseline message is filled up with zeros behind the end of its row.
+    void add(const Bytes& octets)
+    {
+        const std::size_t wanted = m_RowSize == 0 ? octets.size() : m_RowSize - m_Partial.size();
+        const std::size_t taken = m_IsBaseline ? std::min(octets.size(), wanted) : octets.size();
+        m_Octets += taken;
+        m_Partial.insert(m_Partial.end(), octets.begin(), octets.begin() + static_cast<std::ptrdiff_t>(taken));
+        const std::size_t size = m_RowSize == 0 ? m_Partial.size() : m_RowSize;
+        while (!m_Partial.empty() && m_Partial.size() >= size) {
+            const auto end = m_Partial.begin() + static_cast<std::ptrdiff_t>(size);
+            m_Table.rows.emplace_back(m_Partial.begin(), end);
+            m_Partial.erase(m_Partial.begin(), end);
+        }
+    }
+
+    /// A size in octets that is no multiple of the row cuts the last one.
+    void cutLastRow()
+    {
+        if (m_InOctets && m_Octets > m_Table.size && !m_Table.rows.empty()) {
+            Bytes& last = m_Table.rows.back();
+            last.resize(last.size() - std::min<std::size_t>(last.size(), m_Octets - m_Table.size));
+        }
+    }
+
+private:
+    std::size_t m_RowSize;
+    bool m_InOctets;
+    bool m_IsBaseline;
+    TableContents& m_Table;
+    std::size_t m_Octets = 0;
+    Bytes m_Partial;
+};
 
 }  // namespace
 
@@ -248,15 +306,17 @@ TableContents readTable(Session& session, const EntityId& entity, const Attribut
     table.size = static_cast<std::uint32_t>(bigEndian(sizeOctets.data(), 4));
     if (table.size > kLargestTable)
         throw BadAnswer(attribute.name + " claims a size of " + std::to_string(table.size) + " octets");
+    RowReader reader(entity, attribute, session.format(), table);
     Bytes octets;
-    readTableOctets(session, entity, attribute, table, octets);
-    octets.resize(std::min<std::size_t>(octets.size(), table.size));
-    const std::size_t rowSize = attribute.size == 0 ? octets.size() : attribute.size;
-    for (std::size_t at = 0; at < octets.size(); at += rowSize) {
-        const auto begin = octets.begin() + static_cast<std::ptrdiff_t>(at);
-        const auto length = static_cast<std::ptrdiff_t>(std::min(rowSize, octets.size() - at));
-        table.rows.emplace_back(begin, begin + length);
+    for (std::uint16_t sequence = 0; !reader.isComplete(); ++sequence) {
+        if (!readNext(session, entity, attribute.mask, sequence, table, octets)) {
+            if (reader.mayEnd())
+                table.result = Result::Success;
+            break;
+        }
+        reader.add(octets);
     }
+    reader.cutLastRow();
     return table;
 }
 

@@ -2,11 +2,6 @@
 
 #include "Onu.h"
 
-namespace {
-/// Named in the promise and not served yet.
-constexpr const char* kNotSupported[] = {"rows"};
-}  // namespace
-
 ControlRequests::ControlRequests(Onu& onu) : m_Onu(onu), m_Calls(onu)
 {
     addMibRequests();
@@ -14,11 +9,6 @@ ControlRequests::ControlRequests(Onu& onu) : m_Onu(onu), m_Calls(onu)
     addHardwareRequests();
     addBoardRequests();
     addOnuRequests();
-    for (const char* name : kNotSupported) {
-        m_Requests[name] = [name](const Json&) -> Json {
-            throw BadRequest(std::string(name) + " is not supported by this build");
-        };
-    }
 }
 
 std::string ControlRequests::answer(const std::string& line)

@@ -6,6 +6,7 @@
 #include "OmciMeFactory.h"
 #include "Onu.h"
 #include "OwnInstances.h"
+#include "TableRowsAccess.h"
 #include "control/ControlRequests.h"
 #include "control/RequestFields.h"
 
@@ -131,6 +132,27 @@ Json showPicture(const Json& request)
     }
     return {{"result", values::to(*record)}};
 }
+Json listRows(const Json& request)
+{
+    const RequestFields fields(request, "rows", {"class", "instance", "attribute"});
+    const OmciMe& me = classOf(fields);
+    const auto instance = fields.get<unsigned short>("instance");
+    const unsigned short mask = attributeMaskOf(me, fields);
+    const auto definition = mib::findAttribute(me, mask);
+    if (!definition || definition->isTableAttribute == 0) {
+        throw BadRequest("rows.attribute: class " + std::to_string(me.getManagedEntityClassId()) +
+                         " has no such table");
+    }
+    if (me.findManagedEntityInstance(instance) != 0) {
+        throw BadRequest("class " + std::to_string(me.getManagedEntityClassId()) + " has no instance " +
+                         std::to_string(instance));
+    }
+    Json rows = Json::array();
+    while (const unsigned char* row = nrvk::getTableRow(me.getManagedEntityClassId(), instance, mask, rows.size())) {
+        rows.push_back(toHex(row, definition->attributeSize));
+    }
+    return {{"result", rows}};
+}
 }  // namespace
 
 void ControlRequests::addMibRequests()
@@ -140,6 +162,7 @@ void ControlRequests::addMibRequests()
     m_Requests["apply"] = apply;
     m_Requests["dump"] = dump;
     m_Requests["instances"] = listInstances;
+    m_Requests["rows"] = listRows;
     m_Requests["picture"] = showPicture;
     m_Requests["create"] = [this](const Json& request) -> Json {
         const RequestFields fields(request, "create", {"class", "instance"});

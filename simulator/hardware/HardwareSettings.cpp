@@ -62,6 +62,17 @@ void applyAni(optics::FixedLevels& ani, const Json& json, const std::string& wha
     }
 }
 
+/// null takes the setting back.
+template <typename T>
+void applyOptional(std::optional<T>& setting, const Json& json, const std::string& what)
+{
+    T value{};
+    if (!json.is_null()) {
+        values::from(json, value, what);
+    }
+    setting = json.is_null() ? std::nullopt : std::optional<T>(std::move(value));
+}
+
 void applySelfTest(std::optional<omci::SelfTestOutcome>& selfTest, const Json& json)
 {
     static const std::map<std::string, std::optional<omci::SelfTestOutcome>> outcomes = {
@@ -129,9 +140,9 @@ const std::map<std::string, Member>& members()
                            const Json& json) { values::from(json, settings.isImageValid, "image_valid"); }},
         {"self_test", [](HardwareSettings& settings, const Json& json) { applySelfTest(settings.selfTest, json); }},
         {"status_message", [](HardwareSettings& settings,
-                              const Json& json) { values::from(json, settings.statusMessage, "status_message"); }},
+                              const Json& json) { applyOptional(settings.statusMessage, json, "status_message"); }},
         {"debug_reply",
-         [](HardwareSettings& settings, const Json& json) { values::from(json, settings.debugReply, "debug_reply"); }},
+         [](HardwareSettings& settings, const Json& json) { applyOptional(settings.debugReply, json, "debug_reply"); }},
         {"counters", applyCounters},
         {"throw", [](HardwareSettings& settings, const Json& json) { applyThrowing(settings.throwing, json); }},
         {"delay_ms",

@@ -36,8 +36,10 @@ struct HardwareSettings
     bool isImageValid = true;
     /// Nothing: the self-test of ONU-G and ANI-G never reports.
     std::optional<omci::SelfTestOutcome> selfTest = omci::SelfTestOutcome::Passed;
-    std::string statusMessage;
-    std::vector<unsigned char> debugReply;
+    /// Nothing: what the portal's own service says.
+    std::optional<std::string> statusMessage;
+    /// Nothing: what the debug service answers.
+    std::optional<std::vector<unsigned char>> debugReply;
     /// Operations that throw when called.
     std::set<std::string> throwing;
     /// How long the hardware takes for an answer.

@@ -1,20 +1,13 @@
 // The calls that concern the ONU as a whole: software images, time, remote debug, the reserved places.
 #include <algorithm>
 #include <chrono>
-#include <cstring>
 #include <stdexcept>
 #include <thread>
 
 #include "JsonValues.h"
-#include "OmciMeManager.h"
 #include "OmciMessage.h"
 #include "hardware/CounterReports.h"
 #include "hardware/SimulatedHardware.h"
-
-namespace {
-constexpr unsigned short kClassOnuRemoteDebug = 158;
-constexpr unsigned short kRemoteDebugCommand = 0x4000;
-}  // namespace
 
 HardwareCall SimulatedHardware::call(const char* operation, std::initializer_list<Json> arguments)
 {
@@ -215,32 +208,5 @@ int SimulatedHardware::setOntTimeOfDay(const time_t* time)
 int SimulatedHardware::notifyOltVendorId()
 {
     const HardwareCall written = call("notifyOltVendorId", {});
-    return 0;
-}
-
-int SimulatedHardware::sendRemoteDebugCommand(const unsigned char* command)
-{
-    unsigned char size = 0;
-    OmciMeManager::getInstance()->getAttributeSize(kClassOnuRemoteDebug, kRemoteDebugCommand, &size);
-    const Json bytes = command == nullptr ? Json(nullptr) : Json(toHex(command, size));
-    const HardwareCall written = call("sendRemoteDebugCommand", {bytes});
-    return 0;
-}
-
-std::vector<unsigned char> SimulatedHardware::getRemoteDebugReply()
-{
-    const HardwareCall written = slowCall("getRemoteDebugReply", {});
-    return settings().debugReply;
-}
-
-int SimulatedHardware::getStatusPortalMessage(EnumOmciAction action, unsigned short instance, unsigned char* buffer)
-{
-    constexpr std::size_t recordSize = 512;
-    constexpr std::size_t textOffset = 18;
-    constexpr std::size_t textSize = 256;
-    HardwareCall written = slowCall("getStatusPortalMessage", {static_cast<int>(action), instance, nullptr});
-    const std::string text = settings().statusMessage;
-    std::memcpy(buffer + textOffset, text.data(), std::min(text.size(), textSize));
-    written.setArgument(2, toHex(buffer, recordSize));
     return 0;
 }

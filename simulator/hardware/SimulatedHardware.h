@@ -41,6 +41,12 @@ public:
     /// Yields the time of the synchronize time request that is under way; nothing when it holds no date.
     void setTimeOfDaySource(std::function<std::optional<std::time_t>()> source) { m_TimeOfDay = std::move(source); }
 
+    /// Answers a command of the remote debug entity with lines of text.
+    void setDebugService(std::function<std::string(const std::string&)> service)
+    {
+        m_DebugService = std::move(service);
+    }
+
     /// Changes what is answered from now on (see HardwareSettings::apply). A link that changes is reported to the
     /// library.
     void change(const Json& request);
@@ -169,6 +175,8 @@ private:
     std::function<void(OmciMessage&)> m_AttributeValueChange;
     ServiceModel m_Services;
     TestResultSink m_TestResult;
+    std::function<std::string(const std::string&)> m_DebugService;
+    std::vector<unsigned char> m_DebugReply;
     std::function<std::optional<std::time_t>()> m_TimeOfDay;
     mutable std::mutex m_Mutex;
     HardwareSettings m_Settings;

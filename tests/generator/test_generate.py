@@ -77,7 +77,7 @@ class Generation(unittest.TestCase):
 
     def test_listNamesEverySourceWithItsFamilyAndWritesNothing(self):
         lines = self.generate("--list").stdout.splitlines()
-        self.assertEqual(len(lines), 2 * 115 + 2)
+        self.assertEqual(len(lines), 2 * 115 + 3)
         self.assertIn("onu;src/impl/OmciMeOnuDataImpl.cpp", lines)
         self.assertFalse(self.output.exists())
 

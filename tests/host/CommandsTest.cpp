@@ -287,8 +287,8 @@ TEST_F(Commands, GetNextWithoutTablesIsNotSupportedAndUnservedTablesFail)
 {
     FakeMe plain(101, {attribute(0x8000, 1, R)});
     plain.add(1);
-    EXPECT_EQ(padded("02"), ask(MessageType::GetNext, 101, 1, "8000 0000"));
-    EXPECT_EQ(padded("01"), ask(MessageType::GetNext, 100, 1, "1000 0000"));
+    EXPECT_EQ(padded("028000"), ask(MessageType::GetNext, 101, 1, "8000 0000"));
+    EXPECT_EQ(padded("011000"), ask(MessageType::GetNext, 100, 1, "1000 0000"));
 }
 
 TEST_F(Commands, MibWideCommandsOnOtherClassesAreNotSupported)

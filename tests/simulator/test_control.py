@@ -203,10 +203,6 @@ class Control(OnuSimTest):
         self.assertIn("longer than", answer["error"])
         self.assertEqual({"result": 0x101}, self.simulator.call("instanceUniG", 0))
 
-    def test_what_later_pieces_bring_is_refused_clearly(self):
-        for request in ({"rows": {"class": 158, "instance": 0, "attribute": 3}},):
-            self.assert_refused(request, "not supported")
-
     def test_timers_are_listed(self):
         def supervision():
             return [timer for timer in self.ask({"timers": True})["result"]

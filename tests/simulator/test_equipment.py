@@ -4,6 +4,7 @@ import datetime
 import socket
 import struct
 import subprocess
+import time
 import unittest
 
 from onu_sim import ALARM, AVC, GET, MIB_RESET, MIB_UPLOAD, PROGRAM, REBOOT, TIMEOUT, OnuSimTest, baseline
@@ -220,6 +221,22 @@ class Alarms(Equipment):
         self.alarm(264, 257, 3, True)
         self.assertEqual(0, self.ask({"statistics": True})["result"]["alarms"])
         self.assertEqual([], self.stored(0))
+
+
+class AlarmReplay(Equipment):
+    def test_time_out_clears_only_the_flag(self):
+        self.simulator.stop()
+        # The 60 s of the upload run out within a millisecond.
+        self.simulator = self.start("--time-scale", "60000")
+        self.ask = self.simulator.ask
+        alarm = {"class": 263, "instance": self.ani, "number": 0, "state": True}
+        self.ask({"alarm": alarm})
+        self.assertEqual(b"\0\1", self.simulator.omci(11, 2, 0, b"\0")[:2])
+        self.ask({"alarm": {**alarm, "state": False}})
+        deadline = time.monotonic() + TIMEOUT
+        while self.ask({"timers": True})["result"]:
+            self.assertLess(time.monotonic(), deadline, "the timer of get all alarms never ends")
+        self.assertEqual(struct.pack(">HHB", 263, self.ani, 0x80), self.simulator.omci(12, 2, 0, b"\0\0")[:5])
 
 
 class Restart(Equipment):
