@@ -5,36 +5,22 @@
 #include <cstring>
 #include <vector>
 
+#include "Frames.h"
 #include "Mib.h"
 #include "OmciMe.h"
 #include "host/Dispatcher.h"
-#include "host/FrameCodec.h"
 #include "host/Mic.h"
 
 namespace {
 
-std::vector<unsigned char> baselineRequest(omci::MessageType type, unsigned short classId, unsigned short instance,
-                                           const std::vector<unsigned char>& contents)
-{
-    omci::FrameHeader header;
-    header.type = type;
-    header.acknowledgeRequest = true;
-    header.entityClass = classId;
-    header.entityInstance = instance;
-    std::vector<unsigned char> frame(omci::kMaximumFrameLength);
-    frame.resize(omci::encode(header, contents.data(), contents.size(), frame.data()));
-    return frame;
-}
+using bench::baselineRequest;
 
-/// Each request gets a transaction id of its own, or the dispatcher would answer from its last reply.
 void throughDispatcher(benchmark::State& state, std::vector<unsigned char> request)
 {
     omci::Dispatcher dispatcher{omci::Mic()};
     unsigned short transaction = 0;
     for (auto _ : state) {
-        ++transaction;
-        request[0] = static_cast<unsigned char>((transaction >> 8) & 0x7F);
-        request[1] = static_cast<unsigned char>(transaction);
+        bench::setTransactionId(request, ++transaction);
         benchmark::DoNotOptimize(dispatcher.handle(request.data(), request.size()).data);
     }
     state.SetItemsProcessed(state.iterations());

@@ -11,7 +11,8 @@ namespace bench {
 
 /// Brings the default MIB up, once; the logger drops what is above notices.
 void startUp();
-/// Without hardware the library reports its absence at level 3; what is measured is a line that is dropped.
+/// Drops what the library reports at level 3 (no hardware, an instance that is not there yet): what is measured is a
+/// line that is dropped.
 void dropReports();
 OmciMe& adapter(unsigned short classId);
 /// An attribute of the class as the adapter defines it.
