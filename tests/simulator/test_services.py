@@ -1,5 +1,6 @@
 """The services that the simulated data path says it serves, as an OLT builds them and takes them down."""
 
+import random
 import struct
 import unittest
 
@@ -7,7 +8,7 @@ from data_path import (BRIDGE, BRIDGE_PORT, EXTENDED_VLAN_TAGGING, GEM_INTERWORK
                        MULTICAST_GEM_INTERWORKING_TP, NO_TP, ON_BRIDGE_PORT, ON_MAPPER, ON_UNI, ON_VEIP,
                        PPTP_ETHERNET_UNI, T_CONT, TO_GEM, TO_MAPPER, TO_MULTICAST, TO_UNI, TO_VEIP, UNI, VEIP,
                        VEIP_INSTANCE, VLAN_FILTER, DataPathTest, translation, unset, vlan_row)
-from onu_sim import MIB_RESET
+from onu_sim import CREATE, DELETE, MIB_RESET, SET
 
 ONU_G, ONU_DATA = 256, 2
 TRANSLATION = {"tags": 1, "inner": {"vid": 100}, "remove": 1,
@@ -198,7 +199,7 @@ class Services(ServicesTest):
     def test_hardware_that_throws_has_done_nothing(self):
         self.bridge()
         self.ask(hardware={"throw": ["provisionBridgePort"]})
-        self.simulator.omci(4, BRIDGE_PORT, 5, struct.pack(">HBBH", 1, 5, TO_UNI, UNI))
+        self.simulator.omci(CREATE, BRIDGE_PORT, 5, struct.pack(">HBBH", 1, 5, TO_UNI, UNI))
         self.assertIsNone(self.port(5))
 
     def test_without_the_interface_nothing_is_learnt(self):
@@ -291,6 +292,69 @@ class BrokenServices(ServicesTest):
         for row in rules[1:]:
             self.tagging_row(1, unset(row))
         self.assertEqual([1], [rule["inner"]["vid"] for rule in self.uni()["vlan_rules"]])
+
+    def test_without_hardware_a_service_is_built_and_taken_down_all_the_same(self):
+        self.ask(hardware={"interface": False})
+        self.internet()
+        self.tagging(1, ON_UNI, UNI, translation(100, 200), unset(translation(100, 0)), unset(translation(7, 0)),
+                     bytes(16))
+        self.set_u8(VEIP, VEIP_INSTANCE, 0x8000, 0)
+        self.t_cont(0x100, 0xFF)
+        for entity_class, instance in ((GEM_PORT, 1), (MAPPER, 1), (BRIDGE, 1), (BRIDGE_PORT, 1),
+                                       (GEM_INTERWORKING_TP, 1), (EXTENDED_VLAN_TAGGING, 1), (BRIDGE_PORT, 2)):
+            self.delete(entity_class, instance)
+        self.send(MIB_RESET, ONU_DATA, 0, b"")
+        self.assertEqual(0, self.ask(statistics=True)["result"]["exceptions"])
+
+    def anything(self, chance):
+        """One frame of an OLT that has lost its way; whatever the answer."""
+        def instance():
+            return chance.randrange(1, 5)
+
+        def tp():
+            return chance.choice([1, 2, 3, 4, UNI, VEIP_INSTANCE, NO_TP])
+
+        mask = struct.pack(">H", chance.choice([0x4000, 0x2000, 0x0400, 0x0200, 0x0100]))
+        row = chance.choice([translation(instance(), 5), unset(translation(instance(), 5)), bytes(16)])
+        message, entity_class, target, contents = chance.choice([
+            (CREATE, BRIDGE, instance(), bytes(17)),
+            (CREATE, BRIDGE_PORT, instance(), struct.pack(">HBBH", instance(), 1, chance.choice([0, 1, 3, 4, 5, 6, 11]),
+                                                          tp())),
+            (CREATE, MAPPER, instance(), struct.pack(">9HBBB", tp(), *(tp() for _ in range(8)), 0, 0,
+                                                     chance.choice([0, 1, 7]))),
+            (SET, MAPPER, instance(), mask + struct.pack(">H", tp())),
+            (CREATE, GEM_PORT, instance(), struct.pack(">HHB", 1000, 0x100 + instance(), instance())),
+            (CREATE, GEM_INTERWORKING_TP, instance(), struct.pack(">HBHHBH", tp(), 5, tp(), tp(), 0, 1)),
+            (CREATE, MULTICAST_GEM_INTERWORKING_TP, instance(), struct.pack(">HBH", tp(), 0, tp())),
+            (SET, MULTICAST_GEM_INTERWORKING_TP, instance(), b"\0\x80" + bytes(12)),
+            (CREATE, EXTENDED_VLAN_TAGGING, instance(), struct.pack(">BH", chance.randrange(12), tp())),
+            (SET, EXTENDED_VLAN_TAGGING, instance(), b"\x04\0" + row),
+            (CREATE, VLAN_FILTER, instance(), bytes(24) + b"\x10\x0c"),
+            (SET, PPTP_ETHERNET_UNI, UNI, b"\x08\0" + bytes([chance.randrange(2)])),
+            (SET, VEIP, VEIP_INSTANCE, b"\x80\0" + bytes([chance.randrange(2)])),
+            (SET, T_CONT, 0x101, b"\x80\0" + struct.pack(">H", chance.choice([255, 1024, 65535]))),
+            (DELETE, chance.choice([BRIDGE, BRIDGE_PORT, MAPPER, GEM_PORT, GEM_INTERWORKING_TP, VLAN_FILTER,
+                                    MULTICAST_GEM_INTERWORKING_TP, EXTENDED_VLAN_TAGGING]), instance(), b""),
+        ])
+        self.simulator.omci(message, entity_class, target, contents)
+
+    def test_an_olt_that_has_lost_its_way_breaks_nothing(self):
+        chance = random.Random(4711)
+        for step in range(1200):
+            self.anything(chance)
+            if step % 100 == 99:
+                services = self.services()
+                ports = {port["instance"]: port for port in services["bridge_ports"]}
+                self.assertEqual(sorted(ports), list(ports))
+                for port in services["ethernet_unis"] + services["veips"]:
+                    self.assertLessEqual(set(port["bridge_ports"]), set(ports))
+                    for gem_port in port["gem_ports"]:
+                        if "via_port" in gem_port:
+                            behind = {name: value for name, value in gem_port.items() if name != "via_port"}
+                            self.assertIn(behind, ports[gem_port["via_port"]]["gem_ports"])
+            if step % 400 == 399:
+                self.send(MIB_RESET, ONU_DATA, 0, b"")
+        self.assertEqual(0, self.ask(statistics=True)["result"]["exceptions"])
 
 
 class ServiceLines(ServicesTest):
