@@ -9,6 +9,7 @@ ControlRequests::ControlRequests(Onu& onu) : m_Onu(onu), m_Calls(onu)
     addHardwareRequests();
     addBoardRequests();
     addOnuRequests();
+    addVoiceRequests();
 }
 
 std::string ControlRequests::answer(const std::string& line)

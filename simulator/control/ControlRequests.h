@@ -30,6 +30,7 @@ private:
     void addHardwareRequests();
     void addBoardRequests();
     void addOnuRequests();
+    void addVoiceRequests();
 
     Onu& m_Onu;
     CallTable m_Calls;

@@ -51,6 +51,7 @@ void SimulatedHardware::remember(const std::string& entry, const Json& arguments
         }
     }
     rememberLevels(entry, arguments);
+    rememberLine(entry, arguments);
 }
 
 Json SimulatedHardware::counters(unsigned short classId, unsigned short instance) const

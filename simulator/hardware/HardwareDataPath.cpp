@@ -160,6 +160,7 @@ int SimulatedHardware::provisionBridgePort(OmciMeMacBridgePortConfigurationDataI
     HardwareCall written = call("provisionBridgePort", {entity(port)});
     readVlanRules(written, *port);
     m_Services.provisionPort(*port);
+    m_IpHosts.provision(*port, settings().dhcpServers, m_Core);
     return 0;
 }
 

@@ -134,6 +134,19 @@ const std::map<std::string, Member>& members()
                  applyAni(settings.anis[instance], value, what);
              });
          }},
+        {"pots",
+         [](HardwareSettings& settings, const Json& json) {
+             forEachInstance(json, "pots", [&](unsigned short instance, const Json& value, const std::string& what) {
+                 settings.phones[instance].apply(value, what);
+             });
+         }},
+        {"dhcp",
+         [](HardwareSettings& settings, const Json& json) {
+             forEachInstance(json, "dhcp", [&](unsigned short instance, const Json& value, const std::string& what) {
+                 settings.dhcpServers.try_emplace(instance, DhcpSettings::forHost(instance))
+                     .first->second.apply(value, what);
+             });
+         }},
         {"answer_refresh", [](HardwareSettings& settings,
                               const Json& json) { values::from(json, settings.answersRefresh, "answer_refresh"); }},
         {"image_valid", [](HardwareSettings& settings,

@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "Json.h"
+#include "hardware/DhcpSettings.h"
 #include "hardware/Optics.h"
+#include "hardware/PotsSettings.h"
 #include "host/MessageLayout.h"
 
 /// What the simulated hardware answers, as the control socket sets it.
@@ -30,6 +32,9 @@ struct HardwareSettings
     std::map<unsigned short, Uni> unis;
     /// Levels that no longer drift.
     std::map<unsigned short, optics::FixedLevels> anis;
+    /// Phones by POTS port, DHCP servers by IP host; those not named: none, and one that gives DhcpSettings::forHost.
+    std::map<unsigned short, PotsSettings> phones;
+    std::map<unsigned short, DhcpSettings> dhcpServers;
     /// Counters by family and instance; see setCounters.
     std::map<unsigned short, std::map<unsigned short, Json>> counters;
     bool answersRefresh = true;

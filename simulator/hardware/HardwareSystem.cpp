@@ -48,6 +48,8 @@ void SimulatedHardware::change(const Json& request)
             reportLink(instance, uni);
         }
     }
+    changePhones(request);
+    m_IpHosts.renew(settings().dhcpServers, m_Core);
 }
 
 int SimulatedHardware::reportLink(unsigned short instance, const HardwareSettings::Uni& uni)
@@ -139,6 +141,8 @@ int SimulatedHardware::resetDataPathConfiguration()
 {
     const HardwareCall written = call("resetDataPathConfiguration", {});
     m_Services.clear();
+    // Lines that led to no user and no media profile have had no removal of their own.
+    m_PhoneLines.removeAll();
     return 0;
 }
 

@@ -6,7 +6,6 @@
 
 namespace {
 constexpr unsigned short kClassPptpPotsUni = 53;
-constexpr unsigned short kClassVoipLineStatus = 141;
 
 template <typename T>
 T stored(unsigned short classId, unsigned short instance, unsigned short attributeMask)
@@ -15,18 +14,43 @@ T stored(unsigned short classId, unsigned short instance, unsigned short attribu
 }
 }  // namespace
 
+void SimulatedHardware::rememberLine(const std::string& entry, const Json& arguments)
+{
+    if (entry == "updateVoipLineStatus") {
+        m_PhoneLines.keepReportedStatus(arguments.at(0).get<unsigned short>());
+    } else if (entry == "updatePptpPotsUniCallAttributes") {
+        m_PhoneLines.keepReportedHook(arguments.at(0).get<unsigned short>());
+    }
+}
+
+void SimulatedHardware::changePhones(const Json& request)
+{
+    if (request.contains("pots")) {
+        for (const auto& entry : request["pots"].items()) {
+            m_PhoneLines.forgetReports(static_cast<unsigned short>(std::stoul(entry.key())));
+        }
+    }
+}
+
+Json SimulatedHardware::describeLines() const
+{
+    return m_PhoneLines.describe(settings().phones);
+}
+
+void SimulatedHardware::forgetServices()
+{
+    m_Services.clear();
+    m_PhoneLines.clear();
+    m_IpHosts.clear();
+}
+
 int SimulatedHardware::refreshVoipLineStatus(EnumOmciAction action, unsigned short instance)
 {
     const HardwareCall written = slowCall("refreshVoipLineStatus", {static_cast<int>(action), instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
-        // A line stays as it was last reported.
-        VoipLineStatusData data{};
-        data.VoipCodecUsed = stored<unsigned short>(kClassVoipLineStatus, instance, 0x8000);
-        data.VoipVoiceServerStatus = stored<unsigned char>(kClassVoipLineStatus, instance, 0x4000);
-        data.VoipPortSessionType = stored<unsigned char>(kClassVoipLineStatus, instance, 0x2000);
-        data.VoipLineState = stored<unsigned char>(kClassVoipLineStatus, instance, 0x100);
-        data.EmergencyCallStatus = stored<unsigned char>(kClassVoipLineStatus, instance, 0x80);
-        core->updateVoipLineStatus(instance, data);
+        // A line that nobody knows more of stays as it was last reported.
+        core->updateVoipLineStatus(
+            instance, m_PhoneLines.status(instance, settings().phones).value_or(PhoneLines::storedStatus(instance)));
     }
     return 0;
 }
@@ -38,6 +62,11 @@ int SimulatedHardware::refreshPotsUni(EnumOmciAction action, unsigned short inst
         pptpPotsUniGetAttr attributes{};
         attributes.OperationalState = stored<unsigned char>(kClassPptpPotsUni, instance, 0x80);
         attributes.HookState = stored<unsigned char>(kClassPptpPotsUni, instance, 0x40);
+        const std::map<unsigned short, PotsSettings> phones = settings().phones;
+        if (const PotsSettings* phone = m_PhoneLines.phone(instance, phones)) {
+            attributes.OperationalState = phone->operationalState.value_or(attributes.OperationalState);
+            attributes.HookState = phone->isOffHook() ? 1 : 0;
+        }
         core->updatePptpPotsUniCallAttributes(instance, attributes);
     }
     return 0;
@@ -46,30 +75,36 @@ int SimulatedHardware::refreshPotsUni(EnumOmciAction action, unsigned short inst
 int SimulatedHardware::removeVoipMediaProfile(OmciMeVoipMediaProfileIf* profile)
 {
     const HardwareCall written = call("removeVoipMediaProfile", {entity(profile)});
+    m_PhoneLines.removeMediaProfile(profile->getManagedEntityInstance());
     return 0;
 }
 
 int SimulatedHardware::removeSipUser(OmciMeSipUserDataIf* user)
 {
     const HardwareCall written = call("removeSipUser", {entity(user)});
+    m_PhoneLines.removeUser(user->getManagedEntityInstance());
     return 0;
 }
 
 int SimulatedHardware::removeSipAgent(OmciMeSipAgentConfigDataIf* agent)
 {
     const HardwareCall written = call("removeSipAgent", {entity(agent)});
+    m_PhoneLines.removeAgent(agent->getManagedEntityInstance());
     return 0;
 }
 
 int SimulatedHardware::provisionVoipVoiceCtp(OmciMeVoipVoiceCTPIf* voiceCtp)
 {
-    const HardwareCall written = call("provisionVoipVoiceCtp", {entity(voiceCtp)});
+    HardwareCall written = call("provisionVoipVoiceCtp", {entity(voiceCtp)});
+    written.setRead("line", m_PhoneLines.provision(*voiceCtp).description);
     return 0;
 }
 
 int SimulatedHardware::provisionSipAgent(OmciMeSipAgentConfigDataIf* agent)
 {
-    const HardwareCall written = call("provisionSipAgent", {entity(agent)});
+    HardwareCall written = call("provisionSipAgent", {entity(agent)});
+    written.setRead("agent", describeSipAgent(*agent));
+    written.setRead("voice_ctps", m_PhoneLines.provisionAgent(agent->getManagedEntityInstance()));
     return 0;
 }
 

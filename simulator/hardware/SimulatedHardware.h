@@ -12,7 +12,9 @@
 #include "OnuClock.h"
 #include "hardware/HardwareCall.h"
 #include "hardware/HardwareSettings.h"
+#include "hardware/IpHosts.h"
 #include "hardware/Optics.h"
+#include "hardware/PhoneLines.h"
 #include "services/ServiceModel.h"
 
 /// The hardware layer of the simulated ONU. Writes each call down, answers refreshes through the library's update
@@ -56,10 +58,13 @@ public:
     void remember(const std::string& entry, const Json& arguments);
     /// What the data path serves.
     const ServiceModel& services() const { return m_Services; }
-    /// What a restart does to the data path.
-    void forgetServices() { m_Services.clear(); }
     /// What it answers, as it is now.
     HardwareSettings settings() const;
+    /// The phone lines and the IP hosts, as the library has had them provisioned.
+    Json describeLines() const;
+    Json describeIpHosts() const { return m_IpHosts.describe(); }
+    /// Serves nothing any more, data path and voice, as at a restart.
+    void forgetServices();
 
     int resetDataPathConfiguration() override;
     int clearEthernetFrameExtendedPmCounters(unsigned short instance, unsigned int statsAction) override;
@@ -165,6 +170,8 @@ private:
     /// How old the optical module is in its own, scaled time.
     std::chrono::seconds opticalAge() const;
     optics::Levels opticalLevels(unsigned short instance) const;
+    void rememberLine(const std::string& entry, const Json& arguments);
+    void changePhones(const Json& request);
     template <typename Record>
     Record counterRecord(unsigned short classId, unsigned short instance) const;
 
@@ -180,6 +187,8 @@ private:
     std::function<std::optional<std::time_t>()> m_TimeOfDay;
     mutable std::mutex m_Mutex;
     HardwareSettings m_Settings;
+    PhoneLines m_PhoneLines;
+    IpHosts m_IpHosts;
 };
 
 #endif

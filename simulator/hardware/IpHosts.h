@@ -1,0 +1,52 @@
+#ifndef SIMULATOR_HARDWARE_IP_HOSTS_H
+#define SIMULATOR_HARDWARE_IP_HOSTS_H
+
+#include <map>
+
+#include "hardware/DhcpSettings.h"
+
+class OmciManagedEntitiesCore;
+class OmciMeMacBridgePortConfigurationDataIf;
+
+/// The IP stack of the simulated ONU. A host works when the OLT has enabled its stack (IP options, G.988 9.4.1, 0x08)
+/// and its bridge port is provisioned: with the addresses of the OLT, or with 0x01 those of a DHCP server. What it
+/// works with is reported through the library's update entries, each address when it changes. On the OMCI thread.
+class IpHosts
+{
+public:
+    using Servers = std::map<unsigned short, DhcpSettings>;
+
+    /// What a bridge port that has just been provisioned means for the host behind it, if it has one. `core` may be
+    /// null: nothing is reported then.
+    void provision(const OmciMeMacBridgePortConfigurationDataIf& port, const Servers& servers,
+                   OmciManagedEntitiesCore* core);
+    /// Hosts under DHCP ask again.
+    void renew(const Servers& servers, OmciManagedEntitiesCore* core);
+    /// All hosts go down, as at a reboot.
+    void clear() { m_Hosts.clear(); }
+
+    /// Every IP host of the MIB with what it works with.
+    Json describe() const;
+
+private:
+    enum class Mode
+    {
+        Off,
+        Static,
+        Dhcp
+    };
+    struct Host
+    {
+        Mode mode = Mode::Off;
+        unsigned short bridgePort = 0;
+        IpAddressing reported;
+    };
+
+    static const char* nameOf(Mode mode);
+    static void work(unsigned short instance, Host& host, const IpAddressing& addressing,
+                     OmciManagedEntitiesCore* core);
+
+    std::map<unsigned short, Host> m_Hosts;
+};
+
+#endif
