@@ -4,10 +4,25 @@
 
 #include "model/Errors.h"
 #include "model/Names.h"
+#include "model/PartedText.h"
 #include "model/Value.h"
 #include "model/VlanRow.h"
 
 namespace olt {
+
+namespace {
+
+void addOnce(std::vector<AttributeValue>& values, AttributeValue&& added)
+{
+    const Attribute& attribute = *added.attribute;
+    const auto isSame = [&](const AttributeValue& other) { return other.attribute == &attribute; };
+    if (std::any_of(values.begin(), values.end(), isSame))
+        throw UsageError(attribute.name + " is given twice" +
+                         (attribute.isTable() ? "; give one row per command, or use set-table" : ""));
+    values.push_back(std::move(added));
+}
+
+}  // namespace
 
 const char* const kValueHelp =
     "Values: numbers (10, 0x0A, -5), locked/unlocked and enabled/disabled for states; octets and table rows as 0x\n"
@@ -86,12 +101,15 @@ std::vector<AttributeValue> resolveAssignments(const EntityClass& entity, const 
         const auto equals = assignment.find('=');
         if (equals == std::string::npos || equals == 0)
             throw UsageError("\"" + assignment + "\" isn't ATTRIBUTE=VALUE");
-        const Attribute& attribute = entity.attribute(assignment.substr(0, equals));
-        const auto isSame = [&](const AttributeValue& other) { return other.attribute == &attribute; };
-        if (std::any_of(values.begin(), values.end(), isSame))
-            throw UsageError(attribute.name + " is given twice" +
-                             (attribute.isTable() ? "; give one row per command, or use set-table" : ""));
-        values.push_back({&attribute, parseValue(attribute, assignment.substr(equals + 1))});
+        const std::string name = assignment.substr(0, equals);
+        const std::string text = assignment.substr(equals + 1);
+        if (isWholeText(entity, name)) {
+            for (auto& part : splitText(entity, text))
+                addOnce(values, std::move(part));
+        } else {
+            const Attribute& attribute = entity.attribute(name);
+            addOnce(values, {&attribute, parseValue(attribute, text)});
+        }
     }
     return values;
 }

@@ -26,8 +26,8 @@ private:
 [[nodiscard]] std::vector<const Attribute*> resolveAttributes(const EntityClass& entity,
                                                               const std::vector<std::string>& names);
 
-/// "ATTRIBUTE=VALUE" texts, each attribute once; the named fields of a VLAN row count as its attribute. Throws
-/// UsageError.
+/// "ATTRIBUTE=VALUE" texts, each attribute once; the named fields of a VLAN row count as its attribute, Text=... stands
+/// for all parts of a large or octet string. Throws UsageError.
 [[nodiscard]] std::vector<AttributeValue> resolveAssignments(const EntityClass& entity,
                                                              const std::vector<std::string>& assignments);
 

@@ -1,8 +1,11 @@
+#include <algorithm>
+
 #include "app/Arguments.h"
 #include "app/Command.h"
 #include "app/Report.h"
 #include "decode/Description.h"
 #include "model/Hex.h"
+#include "model/PartedText.h"
 #include "model/Value.h"
 
 namespace olt {
@@ -25,13 +28,15 @@ public:
     void prepare(Context& context) override
     {
         m_Entity = m_Target.resolve(context.catalogue());
-        m_Attributes = resolveAttributes(*m_Entity.entityClass, m_Names);
-        if (!m_Names.empty())
-            return;
-        for (const auto& attribute : m_Entity.entityClass->attributes) {
-            if ((m_Entity.entityClass->readableMask & attribute.mask) != 0)
-                m_Attributes.push_back(&attribute);
-        }
+        const EntityClass& entity = *m_Entity.entityClass;
+        const auto isWhole = [&](const std::string& name) { return isWholeText(entity, name); };
+        const auto others = std::stable_partition(m_Names.begin(), m_Names.end(), isWhole);
+        const bool asksWholeText = others != m_Names.begin();
+        m_Shown = resolveAttributes(entity, {others, m_Names.end()});
+        m_ShowsText = asksWholeText || (m_Names.empty() && holdsText(entity));
+        m_Attributes = asksWholeText || m_Names.empty() ? entity.readableAttributes() : m_Shown;
+        if (m_Names.empty())
+            m_Shown = m_Attributes;
     }
 
     ExitCode run(Context& context) override
@@ -40,7 +45,9 @@ public:
         auto& output = context.output();
         if (output.isJson()) {
             auto json = resultJson(m_Name, m_Entity, outcome);
-            json["attributes"] = valuesToJson(*m_Entity.entityClass, outcome.values);
+            json["attributes"] = valuesToJson(*m_Entity.entityClass, shown(outcome.values));
+            if (const auto text = wholeText(outcome))
+                json["text"] = plainText(*text);
             output.object(json);
         } else {
             print(output, outcome);
@@ -54,15 +61,37 @@ private:
     void print(Output& output, const GetOutcome& outcome) const
     {
         Table table({{"#", Table::Align::Right}, {"Attribute"}, {"Value"}});
-        for (const auto& value : outcome.values.values)
+        const auto text = wholeText(outcome);
+        for (const auto& value : shown(outcome.values).values) {
+            // Unasked, the parts would only repeat the text.
+            if (text && m_Names.empty() && value.attribute->kind == Kind::Octets)
+                continue;
             table.add({std::to_string(value.attribute->number), value.attribute->name,
                        formatValue(*value.attribute, value.value)});
+        }
+        if (text)
+            table.add({"", std::string(kWholeText), "\"" + plainText(*text) + "\""});
         if (outcome.values.undecoded != 0)
             table.add({"", "(not in the catalogue)", "0x" + toHex(outcome.values.rest)});
         if (table.isEmpty())
             return;
         output.line(entityLabel(m_Entity), Style::Bold);
         output.table(table);
+    }
+
+    AttributeValues shown(const AttributeValues& all) const
+    {
+        AttributeValues some = all;
+        const auto isHidden = [this](const AttributeValue& value) {
+            return std::find(m_Shown.begin(), m_Shown.end(), value.attribute) == m_Shown.end();
+        };
+        some.values.erase(std::remove_if(some.values.begin(), some.values.end(), isHidden), some.values.end());
+        return some;
+    }
+
+    std::optional<Bytes> wholeText(const GetOutcome& outcome) const
+    {
+        return m_ShowsText ? joinText(*m_Entity.entityClass, outcome.values.values) : std::nullopt;
     }
 
     /// Success without a value is an answer that nobody should build on.
@@ -84,6 +113,8 @@ private:
     std::vector<std::string> m_Names;
     EntityId m_Entity;
     std::vector<const Attribute*> m_Attributes;
+    std::vector<const Attribute*> m_Shown;  ///< Those of them that were asked for.
+    bool m_ShowsText = false;
 };
 
 class Get : public GetCommand
@@ -98,9 +129,11 @@ public:
     GetCurrentData() : GetCommand("get-current-data", omci::MessageType::GetCurrentData) {}
 };
 
-const CommandRegistration<Get> get("get", CommandGroup::Entity, "Read attributes",
-                                   "A table attribute answers its size; get-next reads its rows.\n\n"
-                                   "Examples:\n  get OnuG 0\n  get 263 0x0401 OpticalSignalLevel TransmitOpticalLevel");
+const CommandRegistration<Get>
+    get("get", CommandGroup::Entity, "Read attributes",
+        "A table attribute answers its size; get-next reads its rows. Text of a large or octet string is\n"
+        "all of its parts in one.\n\n"
+        "Examples:\n  get OnuG 0\n  get 263 0x0401 OpticalSignalLevel TransmitOpticalLevel");
 
 const CommandRegistration<GetCurrentData>
     getCurrentData("get-current-data", CommandGroup::Entity, "Read counters of the interval that is running",

@@ -39,10 +39,12 @@ private:
 
 const CommandRegistration<Set> registration(
     "set", CommandGroup::Entity, "Write attributes",
-    "Values that exceed one message go out in several, in attribute order. A table attribute takes one row.\n\n"
+    "Values that exceed one message go out in several, in attribute order. A table attribute takes one row.\n"
+    "Text= of a large or octet string is spread over its parts (up to 375 octets).\n\n"
     "Examples:\n  set OnuG 0 AdministrativeState=locked BatteryBackup=1\n"
     "  set IpHostConfigData 0 IpAddress=10.0.0.2 Mask=255.255.255.0\n"
-    "  set 171 1 filter-inner-vid=100 treat-inner-vid=200\n");
+    "  set 171 1 filter-inner-vid=100 treat-inner-vid=200\n"
+    "  set LargeString 1 Text=proxy.example.net\n");
 
 }  // namespace
 

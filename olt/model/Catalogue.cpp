@@ -162,6 +162,16 @@ std::vector<std::string> EntityClass::attributeNames(std::uint16_t mask) const
     return names;
 }
 
+std::vector<const Attribute*> EntityClass::readableAttributes() const
+{
+    std::vector<const Attribute*> readable;
+    for (const auto& attribute : attributes) {
+        if ((readableMask & attribute.mask) != 0)
+            readable.push_back(&attribute);
+    }
+    return readable;
+}
+
 std::string EntityClass::label() const
 {
     return known ? shortName + " (" + std::to_string(id) + ")" : "class " + std::to_string(id);

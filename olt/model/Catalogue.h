@@ -72,6 +72,8 @@ struct EntityClass
     [[nodiscard]] const Attribute* attributeOfMask(std::uint16_t bit) const;
     /// Names of the attributes in the mask, in order; "attribute 16" for one that the catalogue doesn't have.
     [[nodiscard]] std::vector<std::string> attributeNames(std::uint16_t mask) const;
+    /// What a Get without names asks for, in order.
+    [[nodiscard]] std::vector<const Attribute*> readableAttributes() const;
     /// "AniG (263)"
     [[nodiscard]] std::string label() const;
 };

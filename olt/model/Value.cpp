@@ -17,9 +17,19 @@ namespace {
 
 constexpr std::string_view kTextPrefix = "text:";
 
+[[noreturn]] void refuse(std::string_view name, std::string_view text, const std::string& reason)
+{
+    throw UsageError(std::string(name) + "=" + std::string(text) + ": " + reason);
+}
+
 [[noreturn]] void refuse(const Attribute& attribute, std::string_view text, const std::string& reason)
 {
-    throw UsageError(attribute.name + "=" + std::string(text) + ": " + reason);
+    refuse(attribute.name, text, reason);
+}
+
+bool isHexadecimal(std::string_view text)
+{
+    return text.substr(0, 2) == "0x" || text.substr(0, 2) == "0X";
 }
 
 bool isSigned(Kind kind)
@@ -168,19 +178,9 @@ Bytes parseOctets(const Attribute& attribute, std::string_view text)
 {
     if (auto bytes = parseForm(attribute, text))
         return *bytes;
-    Bytes bytes;
-    if (text.substr(0, 2) == "0x" || text.substr(0, 2) == "0X") {
-        const auto digits = fromHex(text);
-        if (!digits || digits->empty())
-            refuse(attribute, text, "isn't a whole number of octets in hexadecimal (text: in front makes it text)");
-        bytes = *digits;
-    } else {
-        if (text.substr(0, kTextPrefix.size()) == kTextPrefix)
-            text.remove_prefix(kTextPrefix.size());
-        else if (attribute.size == 0)
-            refuse(attribute, text, "the size isn't known; give the octets as 0x...");
-        bytes.assign(text.begin(), text.end());
-    }
+    if (attribute.size == 0 && !isHexadecimal(text) && text.substr(0, kTextPrefix.size()) != kTextPrefix)
+        refuse(attribute, text, "the size isn't known; give the octets as 0x...");
+    Bytes bytes = parseFreeOctets(attribute.name, text);
     if (attribute.size == 0)
         return bytes;
     if (bytes.size() > attribute.size)
@@ -265,6 +265,19 @@ Bytes bigEndianBytes(std::uint64_t value, std::size_t size)
         value >>= 8;
     }
     return bytes;
+}
+
+Bytes parseFreeOctets(std::string_view name, std::string_view text)
+{
+    if (isHexadecimal(text)) {
+        const auto digits = fromHex(text);
+        if (!digits || digits->empty())
+            refuse(name, text, "isn't a whole number of octets in hexadecimal (text: in front makes it text)");
+        return *digits;
+    }
+    if (text.substr(0, kTextPrefix.size()) == kTextPrefix)
+        text.remove_prefix(kTextPrefix.size());
+    return {text.begin(), text.end()};
 }
 
 Bytes parseValue(const Attribute& attribute, std::string_view text)

@@ -22,6 +22,10 @@ namespace olt {
 /// Throws UsageError when the value doesn't fit, naming the attribute and what would fit.
 [[nodiscard]] Bytes parseValue(const Attribute& attribute, std::string_view text);
 
+/// The octets of 0x and hexadecimal digits, or of a text (text:... forces text), as many as there are. Throws
+/// UsageError that begins with `name` for broken digits.
+[[nodiscard]] Bytes parseFreeOctets(std::string_view name, std::string_view text);
+
 /// For people: numbers in decimal, states with their word, octets in their form, as quoted text or as 0x digits.
 [[nodiscard]] std::string formatValue(const Attribute& attribute, const Bytes& value);
 
