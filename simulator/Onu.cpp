@@ -70,8 +70,10 @@ MacAddress macAddressOf(const Board& board)
 
 Onu::Onu(Setup setup, HardwareRecorder& recorder, omci::Notifier::Sink sink)
     : m_Setup(std::move(setup)), m_Hal(macAddressOf(m_Setup.board)), m_Hardware(recorder, m_Clock, m_Setup.timeScale),
-      m_Notifier(std::move(sink), makeMic(m_Setup.mic)), m_Dispatcher(makeMic(m_Setup.mic), &m_Notifier)
+      m_Notifier(std::move(sink), makeMic(m_Setup.mic)), m_Dispatcher(makeMic(m_Setup.mic), &m_Notifier),
+      m_PerformanceMonitoring(m_Setup.pmInterval, m_Setup.hasTraffic, surroundings())
 {
+    m_Hardware.setPerformanceMonitoring(&m_PerformanceMonitoring);
     connectHardwareToHost();
     HALFactory::getInstance()->setHal(&m_Hal);
 }
@@ -101,6 +103,15 @@ std::optional<std::time_t> Onu::requestedTime() const
         logLine("requestedTime", __LINE__, kWarning, "The time to be set is no date and time; the clock stays");
     }
     return seconds;
+}
+
+PerformanceMonitoring::Surroundings Onu::surroundings()
+{
+    return {[this](const PmSource& source) { return m_Hardware.toldCountersOf(source); },
+            [this](unsigned short uni) { return m_Hardware.settings().uni(uni).operationalState == 0; },
+            [this](unsigned short classId, unsigned short instance, unsigned alarm, bool state) {
+                return m_Notifier.raiseAlarm(classId, instance, alarm, state);
+            }};
 }
 
 Onu::~Onu()
@@ -163,6 +174,7 @@ void Onu::restart()
     m_Notifier.setMibKnown(false);
     m_Notifier.restartAlarmSequence();
     m_Clock.restart();
+    m_PerformanceMonitoring.restart();
     start();
     logLine("restart", __LINE__, kCritical, "The ONU has restarted: the library's state is new, the machine runs on");
 }

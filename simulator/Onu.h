@@ -14,6 +14,7 @@
 #include "hardware/SimulatedHardware.h"
 #include "host/Dispatcher.h"
 #include "host/Notifier.h"
+#include "pm/PerformanceMonitoring.h"
 
 /// The library with its host around it: brought up, restarted, and reached through here. One thread uses it.
 class Onu
@@ -25,6 +26,8 @@ public:
         std::string mic;  ///< of a form that Mic::parse takes
         std::optional<unsigned int> fifoDepth;
         double timeScale = 1;
+        PerformanceMonitoring::Duration pmInterval = omci::IntervalClock::kStandardLength;
+        bool hasTraffic = false;
     };
 
     /// `sink` takes the frames that the ONU sends unasked, on any thread. Nothing runs before start.
@@ -45,6 +48,7 @@ public:
     OnuClock& clock() { return m_Clock; }
     BoardScripts& boardScripts() { return m_BoardScripts; }
     OmciManagedEntitiesCore& core() { return *m_Core; }
+    PerformanceMonitoring& performanceMonitoring() { return m_PerformanceMonitoring; }
 
     /// Whether the registrar holds the hardware interface; it does from the start.
     void connectHardware(bool isConnected);
@@ -59,6 +63,7 @@ private:
     /// Ends what other threads do on the ONU's behalf.
     void endWriting();
     void tearDown();
+    PerformanceMonitoring::Surroundings surroundings();
 
     Setup m_Setup;
     LibraryStatics m_Statics;
@@ -68,6 +73,7 @@ private:
     SimulatedHardware m_Hardware;
     omci::Notifier m_Notifier;
     omci::Dispatcher m_Dispatcher;
+    PerformanceMonitoring m_PerformanceMonitoring;
     std::unique_ptr<OmciManagedEntitiesCore> m_Core;
 };
 

@@ -5,6 +5,7 @@
 
 namespace {
 constexpr unsigned int kHighestLogLevel = 7;
+constexpr double kLongestPmInterval = 86400;
 
 std::string checkTimeScale(const std::string& text)
 {
@@ -37,6 +38,11 @@ std::optional<int> parseOptions(int argc, char** argv, Options& options)
     program.add_option("--time-scale", options.timeScale, "all timers run this many times faster")
         ->check(checkTimeScale)
         ->capture_default_str();
+    program.add_option("--pm-interval", options.pmInterval, "seconds of a performance monitoring interval")
+        ->check(CLI::Range(0.1, kLongestPmInterval))
+        ->type_name("SECONDS")
+        ->capture_default_str();
+    program.add_flag("--traffic", options.traffic, "simulated traffic, which makes counters grow");
     program.add_flag("--describe", options.describe, "print the managed-entity classes as JSON and exit");
     program.set_version_flag("--version", "onu-sim " NRVK_VERSION);
     program.footer("Example: onu-sim --listen 127.0.0.1:5000 --control /tmp/onu.sock --hardware-log calls.jsonl");

@@ -18,6 +18,8 @@ struct Options
     unsigned int logLevel = 3;
     std::optional<unsigned int> fifoDepth;
     double timeScale = 1;
+    double pmInterval = 900;
+    bool traffic = false;
     bool describe = false;
 };
 

@@ -20,6 +20,12 @@ namespace {
 /// What a board has to spare. The machine's own, which the library takes on 32 bits, may look like next to nothing.
 constexpr std::uint64_t kFreeSpace = std::uint64_t{1} << 30;
 
+PerformanceMonitoring::Duration pmInterval(const Options& options)
+{
+    return std::chrono::duration_cast<PerformanceMonitoring::Duration>(
+        std::chrono::duration<double>(options.pmInterval));
+}
+
 Board boardOf(const Options& options)
 {
     Board board = options.boardFile.empty() ? Board() : readBoardFile(options.boardFile);
@@ -40,15 +46,16 @@ Simulator::Simulator(const Options& options)
     }
     NorvikTimer::setTimeScale(options.timeScale);
     Sandbox::setFreeSpace(kFreeSpace);
-    m_Onu =
-        std::make_unique<Onu>(Onu::Setup{board, options.mic, options.fifoDepth, options.timeScale}, m_Recorder,
-                              [this](const std::uint8_t* frame, std::size_t length) { sendUnasked(frame, length); });
+    m_Onu = std::make_unique<Onu>(
+        Onu::Setup{board, options.mic, options.fifoDepth, options.timeScale, pmInterval(options), options.traffic},
+        m_Recorder, [this](const std::uint8_t* frame, std::size_t length) { sendUnasked(frame, length); });
     m_Requests = std::make_unique<ControlRequests>(*m_Onu);
     Sandbox::setCommandHandler([this](const char* command) { return runCommand(command); });
     watchSignals();
     m_Channel = std::make_unique<UdpChannel>(
         m_Loop, address, [this](const std::uint8_t* bytes, std::size_t length) { handleFrame(bytes, length); });
     m_Onu->start();
+    m_PmTimer = std::make_unique<PmTimer>(m_Loop, m_Onu->performanceMonitoring(), options.timeScale);
     if (!options.control.empty()) {
         m_Control = std::make_unique<ControlSocket>(m_Loop, options.control,
                                                     [this](const std::string& line) { return answerRequest(line); });
@@ -123,6 +130,7 @@ void Simulator::sendUnasked(const std::uint8_t* frame, std::size_t length)
 std::string Simulator::answerRequest(const std::string& line)
 {
     std::string answer = m_Requests->answer(line);
+    m_PmTimer->rearm();
     flushLogs();
     return answer;
 }

@@ -14,6 +14,7 @@
 #include "UdpChannel.h"
 #include "control/ControlRequests.h"
 #include "control/ControlSocket.h"
+#include "pm/PmTimer.h"
 
 /// The running program: the ONU, its sockets and its logs. One thread runs everything that touches the library.
 class Simulator
@@ -50,6 +51,7 @@ private:
     std::unique_ptr<ControlRequests> m_Requests;
     std::unique_ptr<UdpChannel> m_Channel;
     std::unique_ptr<ControlSocket> m_Control;
+    std::unique_ptr<PmTimer> m_PmTimer;
 };
 
 #endif

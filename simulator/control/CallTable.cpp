@@ -10,6 +10,7 @@ CallTable::CallTable(Onu& onu)
     addStartupTable();
     addRegistrar();
     addEntityCalls();
+    addIntervalCounter();
 }
 
 Json CallTable::run(const std::string& name, const Json& arguments) const

@@ -25,6 +25,7 @@ private:
     void addStartupTable();
     void addRegistrar();
     void addEntityCalls();
+    void addIntervalCounter();
 
     std::map<std::string, calls::Call> m_Calls;
 };

@@ -10,6 +10,7 @@ ControlRequests::ControlRequests(Onu& onu) : m_Onu(onu), m_Calls(onu)
     addBoardRequests();
     addOnuRequests();
     addVoiceRequests();
+    addPmRequests();
 }
 
 std::string ControlRequests::answer(const std::string& line)

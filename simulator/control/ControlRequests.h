@@ -31,6 +31,7 @@ private:
     void addBoardRequests();
     void addOnuRequests();
     void addVoiceRequests();
+    void addPmRequests();
 
     Onu& m_Onu;
     CallTable m_Calls;

@@ -8,6 +8,7 @@
 #include "OmciMessage.h"
 #include "hardware/CounterReports.h"
 #include "hardware/SimulatedHardware.h"
+#include "pm/PerformanceMonitoring.h"
 
 HardwareCall SimulatedHardware::call(const char* operation, std::initializer_list<Json> arguments)
 {
@@ -43,6 +44,7 @@ void SimulatedHardware::change(const Json& request)
         const std::lock_guard<std::mutex> lock(m_Mutex);
         m_Settings.apply(request);
     }
+    announceCounters(request);
     for (const auto& [instance, uni] : settings().unis) {
         if (!(uni == before.uni(instance))) {
             reportLink(instance, uni);
@@ -185,6 +187,9 @@ int SimulatedHardware::setBatteryBackup(unsigned char value)
 int SimulatedHardware::synchronizeTime()
 {
     const HardwareCall written = call("synchronizeTime", {});
+    if (m_PerformanceMonitoring != nullptr) {
+        m_PerformanceMonitoring->synchronize();
+    }
     const std::optional<std::time_t> time = m_TimeOfDay ? m_TimeOfDay() : std::nullopt;
     if (time) {
         m_Clock.set(*time);

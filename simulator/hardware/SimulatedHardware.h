@@ -10,12 +10,16 @@
 #include "OmciHardwareIfc.h"
 #include "OmciManagedEntitiesCore.h"
 #include "OnuClock.h"
+#include "hardware/CounterReports.h"
 #include "hardware/HardwareCall.h"
 #include "hardware/HardwareSettings.h"
 #include "hardware/IpHosts.h"
 #include "hardware/Optics.h"
 #include "hardware/PhoneLines.h"
+#include "pm/PmSources.h"
 #include "services/ServiceModel.h"
+
+class PerformanceMonitoring;
 
 /// The hardware layer of the simulated ONU. Writes each call down, answers refreshes through the library's update
 /// entries within the call, and finds what it needs of the MIB by itself.
@@ -35,6 +39,11 @@ public:
     void setCore(OmciManagedEntitiesCore* core) { m_Core = core; }
     /// Takes what the library asks to be sent to the OLT.
     void onAttributeValueChange(std::function<void(OmciMessage&)> sink) { m_AttributeValueChange = std::move(sink); }
+
+    /// What counts; null: told counters are answered as they are. Not owned.
+    void setPerformanceMonitoring(PerformanceMonitoring* counting) { m_PerformanceMonitoring = counting; }
+    /// Counters that a source was told; nothing when it never was.
+    std::optional<counters::Values> toldCountersOf(const PmSource& source) const;
 
     /// The contents of a test result message, to go out after the reply to the test with that transaction id.
     using TestResultSink = std::function<void(unsigned short transactionId, unsigned short classId,
@@ -172,13 +181,19 @@ private:
     optics::Levels opticalLevels(unsigned short instance) const;
     void rememberLine(const std::string& entry, const Json& arguments);
     void changePhones(const Json& request);
+    /// Counters of the class and instance were told.
+    void announceCounters(unsigned short classId, unsigned short instance);
+    void announceCounters(const Json& request);
+    std::optional<counters::Values> measured(unsigned short classId, unsigned short instance, omci::PmView view) const;
     template <typename Record>
-    Record counterRecord(unsigned short classId, unsigned short instance) const;
+    Record counterRecord(unsigned short classId, unsigned short instance, omci::PmView view) const;
+    FrameCounters frameRecords(unsigned short classId, unsigned short instance, omci::PmView view) const;
 
     HardwareRecorder& m_Recorder;
     OnuClock& m_Clock;
     double m_TimeScale;
     OmciManagedEntitiesCore* m_Core = nullptr;
+    PerformanceMonitoring* m_PerformanceMonitoring = nullptr;
     std::function<void(OmciMessage&)> m_AttributeValueChange;
     ServiceModel m_Services;
     TestResultSink m_TestResult;
