@@ -24,6 +24,15 @@ void Options::text(const char* name, std::string& value, const char* help, const
     m_App.add_option(name, value, help)->type_name(typeName);
 }
 
+void Options::optionalText(const char* name, std::optional<std::string>& value, const char* help, const char* typeName)
+{
+    const auto take = [&value](const CLI::results_t& words) {
+        value = words.empty() ? "" : words.front();
+        return true;
+    };
+    m_App.add_option(name, CLI::callback_t(take), help)->type_name(typeName)->expected(0, 1);
+}
+
 void Options::choice(const char* name, std::string& value, const char* help, const std::vector<std::string>& choices)
 {
     m_App.add_option(name, value, help)->check(CLI::IsMember(choices));

@@ -1,6 +1,7 @@
 #ifndef OLT_APP_OPTIONS_H
 #define OLT_APP_OPTIONS_H
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,8 @@ public:
     void flag(const char* name, bool& value, const char* help);
     /// `typeName` is what the help shows for the value.
     void text(const char* name, std::string& value, const char* help, const char* typeName);
+    /// An option whose value may be left out, and is empty then. Not given: nothing.
+    void optionalText(const char* name, std::optional<std::string>& value, const char* help, const char* typeName);
     void choice(const char* name, std::string& value, const char* help, const std::vector<std::string>& choices);
     /// The value at the time of the call is the default that the help shows.
     void number(const char* name, unsigned& value, const char* help, Range<unsigned> range);
