@@ -2,8 +2,10 @@
 #include "AllocationCounter.h"
 #include "LibraryTest.h"
 #include "Logger.h"
+#include "OmciManagedEntitiesCore.h"
 #include "OmciManagedEntityRegistrar.h"
 #include "OmciMe.h"
+#include "OmciMeMacBridgePortConfigurationDataIf.h"
 
 namespace {
 
@@ -60,6 +62,35 @@ TEST_F(Allocation, UpdateAllocatesTheChangeMessageOnly)
     EXPECT_EQ(countOf([&] { registrar->updateManagedEntity<unsigned int>(257, 0, 0x0040, 5); }), 1U);
     EXPECT_EQ(countOf([&] { registrar->updateManagedEntity<unsigned char>(263, 1025, 0x8000, 5); }), 1U);
     EXPECT_EQ(countOf([&] { registrar->updateManagedEntity<unsigned int>(257, 0, 0x0001, 5); }), 0U) << "no entry";
+}
+
+TEST_F(Allocation, FeedAllocatesTheChangeMessageOfEachCounterOnly)
+{
+    OmciManagedEntitiesCore core;
+    for (const unsigned short classId : {334, 425}) {
+        ASSERT_EQ(create(classId, 0x0101), 0);
+        ASSERT_EQ(create(classId, 0x0181), 0);
+        EthernetFrameExtendedCounters counters{};
+        const auto feed = [&] {
+            ++counters.octets;
+            core.updateEthernetFrameExtendedPM(classId, 0x0101, counters, counters);
+        };
+        EXPECT_EQ(countOf(feed), 2U * 14U) << classId;
+        EXPECT_EQ(getNumber(classId, 0x0181, 0x1000), 2U) << "the feed arrived";
+    }
+}
+
+TEST_F(Allocation, FeedOfAPortsDirectionsAllocatesNothing)
+{
+    ASSERT_EQ(create(47, 5), 0);
+    auto* port = OmciMeMacBridgePortConfigurationDataIf::getManagedEntityInstance(5);
+    port->setTpType(1);
+    port->setTpPointer(257);
+    ASSERT_EQ(create(322, 5), 0);
+    ASSERT_EQ(create(321, 5), 0);
+    OmciManagedEntitiesCore core;
+    const EthernetFrameExtendedCounters counters{};
+    EXPECT_EQ(countOf([&] { core.updateEthernetFramePM(24, 257, counters, counters); }), 0U);
 }
 
 }  // namespace

@@ -211,6 +211,19 @@ TEST_F(ExtendedEthernetPm, RefreshThatFeedsIsReadInTheSameGet)
     EXPECT_EQ(getNumber(kExtended64Bit, 0x0281, kOctets), 0x123456789AULL);
 }
 
+TEST_F(ExtendedEthernetPm, WholeGetRefreshesTwiceForEachAttributeAndOnceMoreForEachCounter)
+{
+    for (const unsigned short classId : {kExtended, kExtended64Bit}) {
+        calls.clear();
+        const std::list<attributeDefinition> attributes = readable(classId);
+        ASSERT_EQ(attributes.size(), 16U);
+        for (const attributeDefinition& definition : attributes) {
+            get(classId, kInstance, definition.attributeMask);
+        }
+        EXPECT_EQ(calls.size(), 2 * 16U + 14U) << classId;
+    }
+}
+
 TEST_F(ExtendedEthernetPm, DeletedInstanceStaysInThePicture)
 {
     startUp();
