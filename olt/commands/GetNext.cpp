@@ -3,6 +3,7 @@
 #include "app/Report.h"
 #include "model/Hex.h"
 #include "model/Value.h"
+#include "session/VlanTable.h"
 
 namespace olt {
 
@@ -22,13 +23,15 @@ public:
     {
         m_Entity = m_Target.resolve(context.catalogue());
         m_Table = m_Name.empty() ? onlyTable() : &m_Entity.entityClass->attribute(m_Name);
-        if (m_Entity.entityClass->known && !m_Table->isTable())
+        if (m_Entity.entityClass->known && !holdsRows(*m_Table))
             throw UsageError(m_Table->name + " of " + m_Entity.entityClass->label() + " isn't a table; use get");
     }
 
     ExitCode run(Context& context) override
     {
-        const TableContents contents = readTable(context.session(), m_Entity, *m_Table);
+        const TableContents contents = m_Table->form == Form::VlanRow
+                                           ? readVlanTable(context.session(), m_Entity, *m_Table)
+                                           : readTable(context.session(), m_Entity, *m_Table);
         auto& output = context.output();
         if (output.isJson())
             output.object(toJson(contents));
@@ -38,12 +41,15 @@ public:
     }
 
 private:
+    /// The VLAN tagging table has rows, though the catalogue has it as one value.
+    static bool holdsRows(const Attribute& attribute) { return attribute.isTable() || attribute.form == Form::VlanRow; }
+
     const Attribute* onlyTable() const
     {
         std::vector<const Attribute*> tables;
         std::string names;
         for (const auto& attribute : m_Entity.entityClass->attributes) {
-            if (!attribute.isTable())
+            if (!holdsRows(attribute))
                 continue;
             tables.push_back(&attribute);
             names += (names.empty() ? "" : ", ") + attribute.name;
@@ -73,8 +79,8 @@ private:
         Table table({{"Row", Table::Align::Right}, {"Octets"}, {"Text"}});
         for (std::size_t row = 0; row < contents.rows.size(); ++row) {
             const auto& octets = contents.rows[row];
-            const std::string text = formatOctets(octets);
-            table.add({std::to_string(row), toHex(octets), text.front() == '"' ? text : ""});
+            const std::string text = formatValue(*m_Table, octets);
+            table.add({std::to_string(row), toHex(octets), text.rfind("0x", 0) == 0 ? "" : text});
         }
         if (!table.isEmpty())
             output.table(table);

@@ -1,6 +1,7 @@
 #include <map>
 
 #include "app/Command.h"
+#include "app/MibReading.h"
 #include "app/Report.h"
 #include "model/AtomicFile.h"
 #include "model/Value.h"
@@ -16,6 +17,8 @@ public:
     void declare(Options& options) override
     {
         options.text("--save", m_File, "Write the MIB to a file as JSON, in an order that stays the same", "FILE");
+        options.flag("--complete", m_Complete,
+                     "Ask for the entities, too, that pointers name and the upload leaves out");
         options.flag("--all", m_ShowAll, "Show every entity and attribute, not only a summary");
     }
 
@@ -24,7 +27,9 @@ public:
         auto& session = context.session();
         const auto before = session.statistics();
         const auto start = Clock::now();
-        const Mib mib = upload(context, session);
+        Mib mib = upload(context, session);
+        if (m_Complete)
+            completeMib(session, context.catalogue(), mib);
         const std::chrono::duration<double> seconds = Clock::now() - start;
         const auto after = session.statistics();
         if (!m_File.empty())
@@ -107,6 +112,7 @@ private:
 
     std::string m_File;
     bool m_ShowAll = false;
+    bool m_Complete = false;
 };
 
 const CommandRegistration<MibUpload> registration(

@@ -2,6 +2,7 @@
 #include "app/Command.h"
 #include "app/Report.h"
 #include "model/Value.h"
+#include "model/VlanRow.h"
 
 namespace olt {
 
@@ -14,8 +15,10 @@ public:
     {
         m_Target.declare(options);
         options.positional("ATTRIBUTE", m_Name, "The table, by name or number", Options::Need::Required);
-        options.positionals("ROW", m_RowTexts, "Whole rows, as 0x and hexadecimal digits or as text",
+        options.positionals("ROW", m_RowTexts,
+                            "Whole rows, as 0x and hexadecimal digits, as text, or as VLAN fields in quotes",
                             Options::Need::Required);
+        options.note(kVlanRowHelp);
     }
 
     void prepare(Context& context) override
@@ -24,7 +27,7 @@ public:
             throw UsageError("set-table needs --extended; baseline sets one row at a time with set");
         m_Entity = m_Target.resolve(context.catalogue());
         m_Table = &m_Entity.entityClass->attribute(m_Name);
-        if (!m_Table->isTable())
+        if (!m_Table->isTable() && m_Table->form != Form::VlanRow)
             throw UsageError(m_Table->name + " of " + m_Entity.entityClass->label() + " isn't a table; use set");
         for (const auto& text : m_RowTexts)
             m_Rows.push_back(parseValue(*m_Table, text));

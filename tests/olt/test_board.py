@@ -7,7 +7,7 @@ import time
 import unittest
 
 from support import OltTest
-from test_onu_sim import Simulator
+from onu import Onu as Simulator
 
 FOUR_PORTS = """[board]
 t_conts = 8

@@ -193,6 +193,35 @@ class GetNextTest(OltTest):
             self.assertIn("command not supported", self.olt(onu, "get-next", "158", "0", expect=1).stderr)
 
 
+class VlanTableTest(OltTest):
+    ROWS = [bytes.fromhex(row) for row in ("f800000080320000400f000000080644", "f8000000f8000000000f00000000000c")]
+
+    def test_whole_table_in_words_from_an_onu_that_answers_its_size(self):
+        for options in ([], ["--extended"]):
+            with FakeOnu() as onu:
+                onu.add(171, 1)
+                onu.rows[171, 1, 6] = self.ROWS
+                text = self.olt(onu, *options, "vlan", "1").stdout
+                self.assertIn("VID 100, any priority: remove 1 tag, add VID 200 priority copied from inner\n", text)
+                self.assertIn("untagged: add VID 1 priority 0", text)
+                answer = self.json_of(self.olt(onu, *options, "--json", "vlan", "1"))
+                self.assertFalse(answer["newest_only"])
+                self.assertEqual([row["octets"] for row in answer["rows"]], ["0x" + row.hex() for row in self.ROWS])
+                self.assertIn("untagged: add VID 1", self.olt(onu, *options, "get-next", "171", "1").stdout)
+
+    def test_empty_table(self):
+        with FakeOnu() as onu:
+            onu.add(171, 1)
+            self.assertIn("no rules", self.olt(onu, "vlan", "1").stdout)
+
+    def test_rows_of_fields_in_one_message(self):
+        with FakeOnu() as onu:
+            onu.add(171, 1)
+            self.olt(onu, "--extended", "set-table", "171", "1", "6", "filter-inner-vid=100 treat-inner-vid=200",
+                     "0x" + self.ROWS[1].hex())
+            self.assertEqual(onu.requests[-1].contents[2:], b"".join(self.ROWS))
+
+
 class UsageTest(OltTest):
     def test_nothing_is_sent_for_what_cannot_be_asked(self):
         cases = [

@@ -1,51 +1,16 @@
 """The program against the simulated ONU: what it shows is what the ONU's stores hold."""
 
 import functools
-import json
-import os
-import socket
-import subprocess
 import unittest
 
-from support import OltTest
-
-
-class Simulator:
-    """onu-sim in a directory of its own; ends with the block."""
-
-    def __init__(self, directory, *options):
-        self._control = os.path.join(directory, "control")
-        self._command = [os.environ["ONU_SIM"], "--listen", "127.0.0.1:0", "--control", self._control,
-                         "--state-dir", os.path.join(directory, "state"), "--log-level", "0", *options]
-
-    def __enter__(self):
-        self._process = subprocess.Popen(self._command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-        self.address = self._process.stdout.readline().strip().removeprefix("listening on ")
-        self._socket = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
-        self._socket.connect(self._control)
-        self._answers = self._socket.makefile()
-        return self
-
-    def __exit__(self, *_):
-        self._answers.close()
-        self._socket.close()
-        self._process.terminate()
-        self._process.communicate(timeout=10)
-
-    def ask(self, **request):
-        self._socket.sendall(json.dumps(request).encode() + b"\n")
-        return json.loads(self._answers.readline())
+from onu import OnuTest
 
 
 def octets(value, size):
     return value[2:] if isinstance(value, str) else (value % (1 << 8 * size)).to_bytes(size, "big").hex()
 
 
-class OnuSimTest(OltTest):
-    def setUp(self):
-        super().setUp()
-        self.onu = self.enterContext(Simulator(self.directory))
-
+class OnuSimTest(OnuTest):
     def upload(self, *options):
         return self.json_of(self.olt(self.onu, *options, "--json", "mib-upload"))["entities"]
 
