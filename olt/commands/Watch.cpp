@@ -1,3 +1,6 @@
+#include <map>
+
+#include "app/Command.h"
 #include "app/Report.h"
 #include "app/TimeOfDay.h"
 #include "decode/Description.h"
