@@ -7,6 +7,16 @@
 namespace {
 /// So many datagrams are taken in one turn, so that a flood does not shut the other descriptors out.
 constexpr int kDatagramsPerTurn = 64;
+/// Room for two windows of 256 of the longest download sections, bookkeeping of the system included.
+constexpr int kReceiveBuffer = 4 << 20;
+
+/// As much as the system allows: with less room, large windows of a software download lose sections.
+void makeRoom(int descriptor)
+{
+    if (setsockopt(descriptor, SOL_SOCKET, SO_RCVBUFFORCE, &kReceiveBuffer, sizeof kReceiveBuffer) != 0) {
+        static_cast<void>(setsockopt(descriptor, SOL_SOCKET, SO_RCVBUF, &kReceiveBuffer, sizeof kReceiveBuffer));
+    }
+}
 }  // namespace
 
 UdpChannel::UdpChannel(EventLoop& loop, const SocketAddress& address, Receiver receiver)
@@ -16,6 +26,7 @@ UdpChannel::UdpChannel(EventLoop& loop, const SocketAddress& address, Receiver r
     if (!m_Socket.isOpen() || bind(m_Socket.get(), address.get(), address.length) != 0) {
         throw std::system_error(errno, std::generic_category(), "cannot listen on " + toString(address));
     }
+    makeRoom(m_Socket.get());
     m_Loop.watch(m_Socket.get(), [this] { receive(); });
 }
 

@@ -51,10 +51,12 @@ std::string readFile(const std::string& path)
     std::ifstream file(path, std::ios::binary);
     if (!file)
         throw UsageError(path + ": can't be read: " + std::strerror(errno));
-    std::string text{std::istreambuf_iterator<char>(file), {}};
-    if (file.bad())
-        throw UsageError(path + ": can't be read");
-    return text;
+    try {
+        return {std::istreambuf_iterator<char>(file), {}};
+    } catch (const std::ios_base::failure&) {
+        // A directory opens like a file.
+        throw UsageError(path + ": can't be read; it is no ordinary file");
+    }
 }
 
 }  // namespace olt

@@ -4,6 +4,7 @@
 
 #include "model/Errors.h"
 #include "model/Value.h"
+#include "session/Exchange.h"
 
 namespace olt {
 
@@ -14,35 +15,6 @@ using omci::Result;
 
 /// A table of a megabyte is a broken size, not a table.
 constexpr std::uint32_t kLargestTable = 1U << 20;
-
-std::string about(const EntityId& entity, MessageType type)
-{
-    return std::string(omci::messageTypeName(type)) + " of " + entity.entityClass->label() + " instance " +
-           std::to_string(entity.instance);
-}
-
-/// The parsed contents, or an exception that says whose answer was too short.
-template <typename T>
-T orBadAnswer(const std::optional<T>& parsed, const EntityId& entity, MessageType type)
-{
-    if (!parsed)
-        throw BadAnswer("the answer to " + about(entity, type) + " is too short");
-    return *parsed;
-}
-
-Request requestTo(const EntityId& entity, MessageType type, Bytes contents = {})
-{
-    return {type, entity.entityClass->id, entity.instance, std::move(contents)};
-}
-
-/// Contents from one of the layouts, whose `write` wants room for the largest message.
-template <typename Writer>
-Bytes written(Writer write)
-{
-    Bytes contents(omci::kMaximumContentLength);
-    contents.resize(write(contents.data()));
-    return contents;
-}
 
 /// Whether a further message about the same entity can fare better.
 bool isHopeless(Result result)

@@ -1,6 +1,7 @@
 #include "session/Session.h"
 
 #include <random>
+#include <utility>
 
 #include "model/Errors.h"
 
@@ -177,6 +178,17 @@ std::optional<Frame> Session::exchangeRaw(const Bytes& octets)
         sortIn(std::move(*frame));
     }
     return std::nullopt;
+}
+
+void Session::pause(Clock::time_point deadline)
+{
+    while (auto frame = receiveValid(deadline))
+        sortIn(std::move(*frame));
+}
+
+std::unique_ptr<Channel> Session::exchangeChannel(std::unique_ptr<Channel> channel)
+{
+    return std::exchange(m_Channel, std::move(channel));
 }
 
 std::uint16_t Session::sendUnacknowledged(const Request& request)

@@ -91,6 +91,12 @@ public:
     /// Octets as they are, and no wait for anything.
     void send(const Bytes& octets) { transmit(octets); }
 
+    /// Waits, and keeps what the ONU sends meanwhile. Throws Interrupted on Ctrl-C.
+    void pause(Clock::time_point deadline);
+
+    /// Puts another road in place; the one before comes back.
+    [[nodiscard]] std::unique_ptr<Channel> exchangeChannel(std::unique_ptr<Channel> channel);
+
     /// A request without expecting an answer; its acknowledge bit is clear. Yields its transaction id.
     std::uint16_t sendUnacknowledged(const Request& request);
 

@@ -9,6 +9,7 @@ from omci_wire import *  # noqa: F403
 # class -> sizes of attributes 1, 2, ...; typed from G.988. "T" and a number: a table of rows of that many octets.
 CLASSES = {
     2: [1],
+    7: [14, 1, 1, 1, 25, 16],
     11: [1, 1, 1, 1, 1, 1, 1, 2, 1, 2, 1, 1, 1, 1, 1],
     53: [1, 2, 1, 1, 1, 1, 1, 1, 1, 1, 2, 1, 1],
     58: [1, 2, 2, 1, 2, 2, 2, 2, 2, "T20", "T7", "T5", "T7", 2],
@@ -50,7 +51,8 @@ def is_table(size):
 
 class FakeOnu:
     """`mib` maps (class, instance) to a list of attribute values. `road` is called with the number of the request from 0,
-    and yields the datagrams that go back for it: a list of (delay in seconds, octets)."""
+    and yields the datagrams that go back for it: a list of (delay in seconds, octets). Requests that are to have no answer
+    don't count."""
 
     def __init__(self, mic="none"):
         self.mic = mic
@@ -105,6 +107,8 @@ class FakeOnu:
             frame = Frame(octets)
             self.requests.append(frame)
             reply = self._answer(frame)
+            if reply is None:
+                continue
             for delay, datagram in self.road(number, reply):
                 if delay == 0:
                     self._send(datagram)
@@ -120,6 +124,8 @@ class FakeOnu:
             return self._last[1]
         self.executed.append(frame)
         contents = self._execute(frame)
+        if contents is None:
+            return None
         reply = build(frame.transaction, RESPONSE, frame.type, frame.device, frame.entity_class, frame.instance,
                       contents, self.mic)
         self._last = (frame.octets, reply)

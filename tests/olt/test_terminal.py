@@ -1,12 +1,5 @@
 """What shows on a terminal, and what must not show in a pipe."""
 
-import fcntl
-import os
-import pty
-import select
-import struct
-import subprocess
-import termios
 import unittest
 
 from fake_onu import FakeOnu
@@ -14,28 +7,6 @@ from support import OltTest
 
 
 class TerminalTest(OltTest):
-    def on_terminal(self, onu, *arguments, columns=80, environment=None):
-        """Everything that the command writes to a terminal of so many columns."""
-        master, slave = pty.openpty()
-        fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
-        variables = {**os.environ, "TERM": "xterm", **(environment or {})}
-        if not environment:
-            variables.pop("NO_COLOR", None)
-        with subprocess.Popen(self.command(onu, *arguments), stdin=subprocess.DEVNULL, stdout=slave, stderr=slave,
-                              env=variables) as process:
-            os.close(slave)
-            output = b""
-            while select.select([master], [], [], 30)[0]:
-                try:
-                    part = os.read(master, 65536)
-                except OSError:  # the other end is closed
-                    break
-                if not part:
-                    break
-                output += part
-        os.close(master)
-        return output.decode()
-
     def filled(self, onu):
         onu.add(2, 0)
         onu.add(134, 0, {15: b"host"})

@@ -18,13 +18,21 @@ SLOT_1_RUNS = {"APP1_SW_VERSION": "V1.0", "APP1_COMMIT": 1, "APP1_ACTIVE": 1, "A
                "APP2_SW_VERSION": "V0.9", "APP2_COMMIT": 0, "APP2_ACTIVE": 0, "APP2_VALID": 1, "APP2_PART_SEL": 2}
 
 
+def _crc_of(octet):
+    value = octet << 24
+    for _ in range(8):
+        value = ((value << 1) ^ (0x04C11DB7 if value & 0x80000000 else 0)) & 0xFFFFFFFF
+    return value
+
+
+CRC_TABLE = [_crc_of(octet) for octet in range(256)]
+
+
 def crc32(octets):
     """Polynomial 0x04C11DB7, most significant bit first, start and final complement all ones."""
     value = 0xFFFFFFFF
     for octet in octets:
-        value ^= octet << 24
-        for _ in range(8):
-            value = ((value << 1) ^ (0x04C11DB7 if value & 0x80000000 else 0)) & 0xFFFFFFFF
+        value = (value << 8 & 0xFFFFFFFF) ^ CRC_TABLE[value >> 24 ^ octet]
     return value ^ 0xFFFFFFFF
 
 
