@@ -229,11 +229,12 @@ public:
     /// An ONU that counts octets has no more rows.
     bool mayEnd() const { return m_Partial.empty() && m_Octets >= m_Table.size; }
 
-    /// A baseline message is filled up with zeros behind the end of its row.
     void add(const Bytes& octets)
     {
-        const std::size_t wanted = m_RowSize == 0 ? octets.size() : m_RowSize - m_Partial.size();
-        const std::size_t taken = m_IsBaseline ? std::min(octets.size(), wanted) : octets.size();
+        m_InOctets = m_InOctets || runsOn(octets);
+        const std::size_t wanted = isPadded() ? m_RowSize - m_Partial.size() : octets.size();
+        const std::size_t announced = m_RunsOn ? m_Table.size - m_Octets : wanted;
+        const std::size_t taken = std::min({octets.size(), wanted, announced});
         m_Octets += taken;
         m_Partial.insert(m_Partial.end(), octets.begin(), octets.begin() + static_cast<std::ptrdiff_t>(taken));
         const std::size_t size = m_RowSize == 0 ? m_Partial.size() : m_RowSize;
@@ -254,9 +255,22 @@ public:
     }
 
 private:
+    /// Some ONUs begin a message with each row, and a baseline one is filled up with zeros behind it.
+    bool isPadded() const { return m_IsBaseline && m_RowSize != 0 && !m_RunsOn; }
+
+    /// Others cut the whole table into messages, and count its octets: the next row stands where the zeros would.
+    bool runsOn(const Bytes& octets)
+    {
+        if (m_Octets == 0 && isPadded() && octets.size() > m_RowSize)
+            m_RunsOn = std::any_of(octets.begin() + static_cast<std::ptrdiff_t>(m_RowSize), octets.end(),
+                                   [](std::uint8_t octet) { return octet != 0; });
+        return m_RunsOn;
+    }
+
     std::size_t m_RowSize;
     bool m_InOctets;
     bool m_IsBaseline;
+    bool m_RunsOn = false;
     TableContents& m_Table;
     std::size_t m_Octets = 0;
     Bytes m_Partial;

@@ -195,7 +195,7 @@ protected:
 
     void SetUp() override { startUp(kBoard); }
 
-    void createAgent(unsigned short instance) { ASSERT_EQ(createByFrame(kSipAgent, instance, Bytes(26)), kSuccess); }
+    void createAgent(unsigned short instance) { ASSERT_EQ(createByFrame(kSipAgent, instance, Bytes(24)), kSuccess); }
 };
 
 TEST_P(VoiceFrames, ImpedenceTakes4AndRefuses5)

@@ -6,7 +6,7 @@ import unittest
 from fake_onu import FakeOnu
 from omci_wire import SET
 from support import OltTest
-from test_onu_sim import Simulator
+from onu import Onu as Simulator
 
 TEXT = b"version 1.2.3\nup 4 days, 3 hours and 2 minutes\n"
 ROWS = [TEXT[at:at + 29].ljust(29, b"\0") for at in range(0, len(TEXT), 29)]

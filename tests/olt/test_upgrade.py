@@ -6,7 +6,7 @@ import unittest
 
 from omci_wire import crc32
 from support import OltTest
-from test_onu_sim import Simulator
+from onu import Onu as Simulator
 
 DESCRIPTION = "".join(f"APP{slot}_{key}={value}\n" for slot, values in (
     (1, {"SW_VERSION": "V1.0", "COMMIT": 1, "ACTIVE": 1, "VALID": 1, "PART_SEL": 1}),

@@ -5,7 +5,7 @@ import os
 import unittest
 
 from support import OltTest
-from test_onu_sim import Simulator
+from onu import Onu as Simulator
 
 EXAMPLE = os.path.join(os.path.dirname(__file__), "..", "..", "docs", "examples", "voice")
 
