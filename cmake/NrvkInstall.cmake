@@ -11,7 +11,7 @@ set(NRVK_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/nrvk-omci-me")
 
 install(TARGETS nrvk-omci-me EXPORT nrvk-library
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT library NAMELINK_COMPONENT development)
-install(TARGETS nrvk_omci_codec nrvk_omci_host EXPORT nrvk-host
+install(TARGETS nrvk_omci_codec nrvk_omci_host nrvk_host_pm EXPORT nrvk-host
   ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development)
 
 install(DIRECTORY publicapi/ DESTINATION "${NRVK_INCLUDE_DIR}" COMPONENT development FILES_MATCHING PATTERN "*.h")

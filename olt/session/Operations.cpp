@@ -306,6 +306,20 @@ TableContents readTable(Session& session, const EntityId& entity, const Attribut
     return table;
 }
 
+std::vector<Bytes> readRowsWithoutSize(Session& session, const EntityId& entity, const Attribute& attribute)
+{
+    TableContents table;
+    table.size = kLargestTable;
+    RowReader reader(entity, attribute, session.format(), table);
+    Bytes octets;
+    for (std::uint16_t sequence = 0; !reader.isComplete(); ++sequence) {
+        if (!readNext(session, entity, attribute.mask, sequence, table, octets))
+            break;
+        reader.add(octets);
+    }
+    return std::move(table.rows);
+}
+
 Mib uploadMib(Session& session, const Catalogue& catalogue, const Progress& progress)
 {
     const EntityId onuData{&catalogue.ofNumber(2), 0};

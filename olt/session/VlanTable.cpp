@@ -32,9 +32,11 @@ VlanTableContents readVlanTable(Session& session, const EntityId& entity, const 
         static_cast<TableContents&>(table) = readTable(session, entity, attribute);
         return table;
     }
-    table.newestOnly = true;
-    table.rows.push_back(got.values.values.front().value);
-    table.size = kVlanRowSize;
+    table.rows = readRowsWithoutSize(session, entity, attribute);
+    table.newestOnly = table.rows.empty();
+    if (table.newestOnly)
+        table.rows.push_back(got.values.values.front().value);
+    table.size = static_cast<std::uint32_t>(table.rows.size() * kVlanRowSize);
     return table;
 }
 

@@ -8,8 +8,7 @@ namespace olt {
 /// The VLAN tagging operation table of an entity of class 171.
 struct VlanTableContents : TableContents
 {
-    /// The ONU answers a get with the row that was set last instead of the table's size, and keeps the others to
-    /// itself.
+    /// The ONU answers a get with the row that was set last instead of the table's size, and refuses get next.
     bool newestOnly = false;
 };
 
