@@ -23,15 +23,18 @@ class Examples(unittest.TestCase):
         self.addCleanup(directory.cleanup)
         return pathlib.Path(shutil.copytree(EXAMPLES / "residential-service", os.path.join(directory.name, "service")))
 
-    def test_each_example_has_its_three_files(self):
-        folders = [path for path in EXAMPLES.iterdir() if (path / "provision.omci").is_file()]
-        self.assertGreater(len(folders), 0)
-        for folder in folders:
-            self.assertLessEqual({"provision.omci", "calls.txt", "services.json"},
-                                 {path.name for path in folder.iterdir()})
+    def services(self):
+        """Folders of examples that this runs; others have their own tests."""
+        folders = sorted(path.parent for path in EXAMPLES.glob("*/provision.omci"))
+        self.assertIn("residential-service", [folder.name for folder in folders])
+        return folders
+
+    def test_each_service_has_its_three_files(self):
+        for folder in self.services():
+            self.assertLessEqual({"calls.txt", "services.json"}, {path.name for path in folder.iterdir()})
 
     def test_calls_and_services_are_as_written_in_both_formats(self):
-        for folder in (path for path in EXAMPLES.iterdir() if (path / "provision.omci").is_file()):
+        for folder in self.services():
             for options in ((), ("--extended",)):
                 with self.subTest(example=folder.name, options=options):
                     done = self.run_example(folder.name, "--check", *options)
