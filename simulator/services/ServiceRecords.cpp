@@ -20,7 +20,7 @@ bool isUnassigned(unsigned short allocId)
 
 std::optional<VlanFilter> readVlanFilter(unsigned short port)
 {
-    constexpr unsigned int mostEntries = 12;
+    constexpr std::size_t mostEntries = 12;
     const auto* filter = OmciMeVlanTaggingFilterDataIf::getManagedEntityInstance(port);
     if (filter == nullptr) {
         return std::nullopt;
@@ -28,8 +28,8 @@ std::optional<VlanFilter> readVlanFilter(unsigned short port)
     VlanFilter read;
     read.forwardOperation = filter->getForwardOperation(OMCI_ACTION_GET);
     const unsigned char* list = filter->getVlanFilterList(OMCI_ACTION_GET);
-    const unsigned int count = std::min<unsigned int>(filter->getNumberOfEntries(OMCI_ACTION_GET), mostEntries);
-    for (unsigned int i = 0; i < count; ++i) {
+    const std::size_t count = std::min<std::size_t>(filter->getNumberOfEntries(OMCI_ACTION_GET), mostEntries);
+    for (std::size_t i = 0; i < count; ++i) {
         read.tcis.push_back(static_cast<unsigned short>(list[2 * i] << 8 | list[2 * i + 1]));
     }
     return read;

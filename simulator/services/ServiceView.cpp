@@ -302,7 +302,7 @@ std::map<std::string, PortLine> linesOf(const Json& services)
     std::map<std::string, PortLine> lines;
     for (const auto& [key, name] : kinds) {
         for (const Json& port : services[key]) {
-            lines[name + std::to_string(port["instance"].get<int>())] = {lineOf(port), port};
+            lines[name + std::to_string(port["instance"].get<int>())] = {lineOf(port), port.dump()};
         }
     }
     return lines;

@@ -16,7 +16,7 @@ Json toJson(const Records& records);
 struct PortLine
 {
     std::string text;
-    Json port;
+    std::string port;  ///< its JSON: more than the text tells
 };
 /// A line about each port of that, by the port's name: "Ethernet UNI 257".
 std::map<std::string, PortLine> linesOf(const Json& services);
