@@ -61,8 +61,8 @@ struct TableContents : Outcome
     std::vector<Bytes> rows;  ///< The last one may be short.
 };
 [[nodiscard]] TableContents readTable(Session& session, const EntityId& entity, const Attribute& table);
-/// The rows of a table whose size the ONU does not tell, until it has no more; a get must have gone before. None where the
-/// ONU refuses get next.
+/// The rows of a table whose size the ONU does not tell, until it has no more; a get must have gone before. None where
+/// the ONU refuses get next.
 [[nodiscard]] std::vector<Bytes> readRowsWithoutSize(Session& session, const EntityId& entity, const Attribute& table);
 
 /// Called with what is done and what there is to do.

@@ -1,5 +1,6 @@
 #include "board/BoardScripts.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <filesystem>
@@ -173,7 +174,7 @@ int BoardScripts::verify(const std::string& arguments, std::unique_lock<std::mut
         report(kWarning, "verify_and_exec.sh does not know \"" + arguments + "\"");
         return kFailed;
     }
-    imageFile = imageFile.substr(0, imageFile.find(' '));
+    imageFile.resize(std::min(imageFile.find(' '), imageFile.size()));
     m_Changed.wait(lock, [this] { return !m_IsHeld || m_IsDown; });
     if (m_IsDown) {
         return kFailed;
