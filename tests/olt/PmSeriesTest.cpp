@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <initializer_list>
+
 #include "pm/PmChart.h"
 
 using namespace olt;
@@ -50,7 +52,7 @@ TEST_F(Pm, TablesAreNoCounters)
 
 TEST_F(Pm, OtherClassesHaveNone)
 {
-    for (const std::uint16_t classId : {2, 11, 256, 263, 273})
+    for (const std::uint16_t classId : std::initializer_list<std::uint16_t>{2, 11, 256, 263, 273})
         EXPECT_TRUE(pmCounters(catalogue.ofNumber(classId)).empty()) << classId;
 }
 
@@ -107,7 +109,7 @@ TEST_F(Pm, SparklineIsAsHighAsTheHighestRate)
 {
     auto series = seriesOf(PmInterval::Running);
     EXPECT_EQ(sparkline(series, counter, 10), "");
-    for (const std::uint8_t count : {0, 0, 50, 150, 100})
+    for (const std::uint8_t count : std::initializer_list<std::uint8_t>{0, 0, 50, 150, 100})
         series.add(values(count), static_cast<double>(series.samples().size()), "");
     EXPECT_EQ(sparkline(series, counter, 10), " ▁▅█ ");
     EXPECT_EQ(sparkline(series, counter, 2), "█ ");
@@ -133,7 +135,7 @@ TEST_F(Pm, DrawingOfNothingIsADocumentAllTheSame)
 TEST_F(Pm, DrawingLeavesAGapWhereARateIsMissing)
 {
     auto series = seriesOf(PmInterval::Running);
-    for (const std::uint8_t count : {0, 10, 20, 5, 15, 25})
+    for (const std::uint8_t count : std::initializer_list<std::uint8_t>{0, 10, 20, 5, 15, 25})
         series.add(values(count), static_cast<double>(series.samples().size()), "");
     const std::string svg = svgChart(series, "");
     const auto begin = svg.find("<path d=\"M", svg.find("CorrectedBytes"));
