@@ -5,13 +5,13 @@
 #include <optional>
 #include <string>
 
-#include "Capture.h"
 #include "EventLoop.h"
 #include "JsonLog.h"
 #include "LibraryLog.h"
 #include "Onu.h"
 #include "Options.h"
 #include "UdpChannel.h"
+#include "capture/CaptureWriter.h"
 #include "control/ControlRequests.h"
 #include "control/ControlSocket.h"
 #include "pm/PmTimer.h"
@@ -45,7 +45,7 @@ private:
     JsonLog m_LibraryLogFile;
     HardwareRecorder m_Recorder{m_HardwareLog, m_Number};
     std::optional<LibraryLog> m_LibraryLog;
-    Capture m_Capture;
+    omci::CaptureWriter m_Capture;
     Descriptor m_Signals;
     std::unique_ptr<Onu> m_Onu;
     std::unique_ptr<ControlRequests> m_Requests;

@@ -26,8 +26,9 @@ MAY_INCLUDE = {
     "src": PUBLIC | SRC,
     CODEC: {HOST_HEADERS},
     "host": PUBLIC | {CODEC},
-    "simulator": PUBLIC | {"host", CODEC},
-    "olt": {CODEC},
+    "capture": {CODEC},
+    "simulator": PUBLIC | {"host", CODEC, "capture"},
+    "olt": {CODEC, "capture"},
     "docs": PUBLIC | {"host", CODEC},
     "tests": ANY,
     "bench": ANY,
@@ -48,8 +49,9 @@ MAY_USE = {
     "src/adapterExtended": {"SimpleIni.h"},
     CODEC: {"openssl"},
     "host": {"spdlog", "fmt", "openssl"},
-    "simulator": {"SimpleIni.h", "spdlog", "fmt", "CLI", "nlohmann", "pcap", "pcap.h"},
-    "olt": {"CLI", "nlohmann", "pcap", "pcap.h"},
+    "capture": {"pcap", "pcap.h"},
+    "simulator": {"SimpleIni.h", "spdlog", "fmt", "CLI", "nlohmann"},
+    "olt": {"CLI", "nlohmann"},
 }
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"]+)[>"]', re.MULTILINE)

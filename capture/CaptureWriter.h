@@ -1,9 +1,8 @@
-#ifndef SIMULATOR_CAPTURE_H
-#define SIMULATOR_CAPTURE_H
+#ifndef CAPTURE_CAPTURE_WRITER_H
+#define CAPTURE_CAPTURE_WRITER_H
 
 #include <pcap/pcap.h>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -12,28 +11,32 @@
 
 #include "host/Mic.h"
 
+namespace omci {
+
 /// A capture file of OMCI frames that can be read while it grows: link type Ethernet, ethertype 0x88B5, the direction
-/// in the addresses.
-class Capture
+/// in the addresses, the time of day of `add`.
+class CaptureWriter
 {
 public:
     /// Nothing is captured before open.
-    Capture() = default;
+    CaptureWriter() = default;
 
     /// std::runtime_error when the file cannot be written.
     void open(const std::string& path);
-    void add(omci::Direction direction, const std::uint8_t* frame, std::size_t length);
+    void add(Direction direction, const std::uint8_t* frame, std::size_t length);
 
 private:
-    struct CloseCapture
+    struct Close
     {
         void operator()(pcap_t* capture) const { pcap_close(capture); }
         void operator()(pcap_dumper_t* dumper) const { pcap_dump_close(dumper); }
     };
 
-    std::unique_ptr<pcap_t, CloseCapture> m_Capture;
-    std::unique_ptr<pcap_dumper_t, CloseCapture> m_Dumper;
+    std::unique_ptr<pcap_t, Close> m_Capture;
+    std::unique_ptr<pcap_dumper_t, Close> m_Dumper;
     std::vector<std::uint8_t> m_Packet;
 };
+
+}  // namespace omci
 
 #endif
