@@ -62,6 +62,8 @@ const char* dropReasonName(DropReason reason)
         return "wrong MIC";
     case DropReason::NotARequest:
         return "not a request";
+    case DropReason::ExtendedRefused:
+        return "extended message refused";
     }
     return "unknown reason";
 }
@@ -94,6 +96,9 @@ Dispatcher::Reply Dispatcher::handle(const std::uint8_t* bytes, std::size_t leng
 {
     const Decoded decoded = decode(bytes, length);
     const FrameHeader& header = decoded.frame.header;
+    if (m_BaselineOnly && decoded.hasHeader() && header.format == Format::Extended) {
+        return drop(DropReason::ExtendedRefused, &header, length);
+    }
     if (!decoded) {
         return refuseMalformed(decoded, length);
     }
@@ -115,6 +120,9 @@ void Dispatcher::count(const FrameHeader& header)
 {
     ++m_Statistics.requests[static_cast<std::size_t>(header.type)];
     ++(header.format == Format::Baseline ? m_Statistics.baselineRequests : m_Statistics.extendedRequests);
+    if (header.format == Format::Extended) {
+        ++m_Statistics.extendedByType[static_cast<std::size_t>(header.type)];
+    }
 }
 
 Dispatcher::Reply Dispatcher::refuseMalformed(const Decoded& decoded, std::size_t length)
@@ -158,9 +166,26 @@ Dispatcher::Reply Dispatcher::run(const FrameView& view, const std::uint8_t* byt
         last.requestLength = significant;
     }
     m_Frame.setRequest(view);
-    executeGuarded();
+    executeTimed(header);
     last.replyLength = m_Frame.hasReply() ? encodeReply(header, last.reply.data()) : 0;
     return header.acknowledgeRequest ? Reply{last.reply.data(), last.replyLength} : Reply{};
+}
+
+void Dispatcher::executeTimed(const FrameHeader& header)
+{
+    const Clock::time_point start = Clock::now();
+    executeGuarded();
+    const auto taken = std::chrono::duration_cast<std::chrono::nanoseconds>(Clock::now() - start);
+    if (m_Frame.getReplyResult() == static_cast<unsigned char>(Result::UnknownManagedEntity)) {
+        return;
+    }
+    HandlerTime& handler = m_Statistics.handlers[header.entityClass];
+    ++handler.requests;
+    handler.total += taken;
+    if (taken > handler.slowest) {
+        handler.slowest = taken;
+        handler.slowestType = static_cast<std::uint8_t>(header.type);
+    }
 }
 
 void Dispatcher::executeGuarded()
@@ -182,6 +207,7 @@ std::size_t Dispatcher::encodeReply(const FrameHeader& request, std::uint8_t* ou
     const std::size_t result = m_Frame.getReplyResult();
     if (result < m_Statistics.results.size()) {
         ++m_Statistics.results[result];
+        ++m_Statistics.resultsByType[static_cast<std::size_t>(request.type)][result];
     }
     if (!request.acknowledgeRequest) {
         return 0;

@@ -43,6 +43,10 @@ public:
 
     const Statistics& statistics() const { return m_Statistics; }
 
+    /// Extended messages are dropped from now on, as an ONU does that has never heard of them. The OMCC version
+    /// attribute (ONU2-G, class 257) is to say the same; that is the caller's affair.
+    void takeBaselineOnly() { m_BaselineOnly = true; }
+
     /// Forgets the last requests, as at a restart of the ONU.
     void forgetRequests();
 
@@ -62,6 +66,7 @@ private:
     Reply drop(DropReason reason, const FrameHeader* header, std::size_t length);
     Reply refuseMalformed(const Decoded& decoded, std::size_t length);
     Reply run(const FrameView& view, const std::uint8_t* bytes);
+    void executeTimed(const FrameHeader& header);
     void executeGuarded();
     std::size_t encodeReply(const FrameHeader& request, std::uint8_t* out);
     void count(const FrameHeader& header);
@@ -71,6 +76,7 @@ private:
     CommandExecutor m_Executor;
     Statistics m_Statistics;
     OmciFrame m_Frame;
+    bool m_BaselineOnly = false;
     /// By the priority bit of the transaction id; the third is for requests that are not kept.
     std::array<LastRequest, 3> m_LastRequests;
 };

@@ -2,8 +2,10 @@
 #define HOST_STATISTICS_H
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <map>
 
 namespace omci {
 
@@ -16,11 +18,21 @@ enum class DropReason : std::uint8_t
     Truncated,
     Oversized,
     WrongMic,
-    NotARequest  ///< a response, or a message that only the ONU sends
+    NotARequest,     ///< a response, or a message that only the ONU sends
+    ExtendedRefused  ///< an extended message, and the host is to take baseline ones only
 };
-constexpr std::size_t kDropReasons = 7;
+constexpr std::size_t kDropReasons = 8;
 
 const char* dropReasonName(DropReason reason);
+
+/// How long the requests to one class took inside the library.
+struct HandlerTime
+{
+    std::uint64_t requests = 0;
+    std::chrono::nanoseconds total{};
+    std::chrono::nanoseconds slowest{};
+    std::uint8_t slowestType = 0;  ///< Message type of the slowest request.
+};
 
 /// Message counters since start. Written by the dispatcher's thread.
 struct Statistics
@@ -31,6 +43,12 @@ struct Statistics
     std::uint64_t extendedRequests = 0;
     /// Results of what was run, by result number, whether a reply was due or not.
     std::array<std::uint64_t, 16> results{};
+    /// The same by message type, then result number.
+    std::array<std::array<std::uint64_t, 16>, 32> resultsByType{};
+    /// Of `requests` those in the extended format.
+    std::array<std::uint64_t, 32> extendedByType{};
+    /// By class; classes that the host doesn't have are left out.
+    std::map<std::uint16_t, HandlerTime> handlers;
     std::array<std::uint64_t, kDropReasons> drops{};
     std::uint64_t replies = 0;
     /// Requests answered from the last reply.

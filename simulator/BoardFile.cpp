@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cctype>
 #include <functional>
+#include <limits>
 #include <map>
 #include <sstream>
 #include <stdexcept>
@@ -40,6 +41,35 @@ Setter countSetter(unsigned char BoardSpecificConfig::*count)
     return [count](Board& board, const std::string& text) { board.counts.*count = parseCount(text); };
 }
 
+Setter textSetter(std::optional<std::string> Identity::*field, std::size_t longest)
+{
+    return [field, longest](Board& board, const std::string& text) {
+        if (text.empty() || text.size() > longest) {
+            throw WrongValue("is not a text of 1 to " + std::to_string(longest) + " characters");
+        }
+        board.identity.*field = text;
+    };
+}
+
+/// Decimal, or hexadecimal with 0x.
+template <typename T>
+Setter numberSetter(std::optional<T> Identity::*field)
+{
+    return [field](Board& board, const std::string& text) {
+        constexpr unsigned long highest = std::numeric_limits<T>::max();
+        const bool isHex = text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+        const std::string digits = isHex ? text.substr(2) : text;
+        const char* const allowed = isHex ? "0123456789abcdefABCDEF" : "0123456789";
+        const bool isNumber =
+            !digits.empty() && digits.size() <= 8 && digits.find_first_not_of(allowed) == std::string::npos;
+        const unsigned long value = isNumber ? std::stoul(digits, nullptr, isHex ? 16 : 10) : highest + 1;
+        if (value > highest) {
+            throw WrongValue("is not a number from 0 to " + std::to_string(highest));
+        }
+        board.identity.*field = static_cast<T>(value);
+    };
+}
+
 void setMacAddress(Board& board, const std::string& text)
 {
     if (!parseMacAddress(text)) {
@@ -64,6 +94,11 @@ const std::map<std::string, std::map<std::string, Setter>>& knownFields()
          {{"serial_number", [](Board& board, const std::string& text) { board.serialNumber = text; }},
           {"version", [](Board& board, const std::string& text) { board.version = text; }},
           {"mac", setMacAddress},
+          {"vendor_id", textSetter(&Identity::vendorId, 4)},
+          {"hardware_version", textSetter(&Identity::hardwareVersion, 14)},
+          {"equipment_id", textSetter(&Identity::equipmentId, 20)},
+          {"omcc_version", numberSetter(&Identity::omccVersion)},
+          {"product_code", numberSetter(&Identity::productCode)},
           {"factory_file", [](Board& board, const std::string& text) { board.factoryFile = text; }}}},
     };
     return fields;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "BoardSpecificConfig.h"
+#include "Identity.h"
 
 /// The board that is simulated.
 struct Board
@@ -15,6 +16,7 @@ struct Board
     std::optional<std::string> serialNumber;  ///< up to 16 hexadecimal digits
     std::optional<std::string> version;
     std::optional<std::string> macAddress;  ///< "00:11:22:33:44:55"
+    Identity identity;
     /// A real path of the machine; empty: none.
     std::string factoryFile;
 

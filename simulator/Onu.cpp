@@ -74,6 +74,9 @@ Onu::Onu(Setup setup, HardwareRecorder& recorder, omci::Notifier::Sink sink)
       m_PerformanceMonitoring(m_Setup.pmInterval, m_Setup.hasTraffic, surroundings())
 {
     m_Hardware.setPerformanceMonitoring(&m_PerformanceMonitoring);
+    if (m_Setup.baselineOnly) {
+        m_Dispatcher.takeBaselineOnly();
+    }
     connectHardwareToHost();
     HALFactory::getInstance()->setHal(&m_Hal);
 }
@@ -161,6 +164,11 @@ void Onu::applyIdentity()
     if (!board.factoryFile.empty()) {
         m_Core->updateOnuGME();
     }
+    Identity identity = board.identity;
+    if (m_Setup.baselineOnly && !identity.omccVersion) {
+        identity.omccVersion = kBaselineOmccVersion;
+    }
+    writeIdentity(identity);
 }
 
 void Onu::restart()

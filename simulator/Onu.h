@@ -28,6 +28,7 @@ public:
         double timeScale = 1;
         PerformanceMonitoring::Duration pmInterval = omci::IntervalClock::kStandardLength;
         bool hasTraffic = false;
+        bool baselineOnly = false;  ///< Extended messages are dropped, and the OMCC version says so.
     };
 
     /// `sink` takes the frames that the ONU sends unasked, on any thread. Nothing runs before start.

@@ -43,6 +43,7 @@ std::optional<int> parseOptions(int argc, char** argv, Options& options)
         ->type_name("SECONDS")
         ->capture_default_str();
     program.add_flag("--traffic", options.traffic, "simulated traffic, which makes counters grow");
+    program.add_flag("--baseline-only", options.baselineOnly, "drop extended messages, and say so in the OMCC version");
     program.add_flag("--describe", options.describe, "print the managed-entity classes as JSON and exit");
     program.set_version_flag("--version", "onu-sim " NRVK_VERSION);
     program.footer("Example: onu-sim --listen 127.0.0.1:5000 --control /tmp/onu.sock --hardware-log calls.jsonl");

@@ -20,6 +20,7 @@ struct Options
     double timeScale = 1;
     double pmInterval = 900;
     bool traffic = false;
+    bool baselineOnly = false;
     bool describe = false;
 };
 

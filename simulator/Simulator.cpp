@@ -47,7 +47,8 @@ Simulator::Simulator(const Options& options)
     NorvikTimer::setTimeScale(options.timeScale);
     Sandbox::setFreeSpace(kFreeSpace);
     m_Onu = std::make_unique<Onu>(
-        Onu::Setup{board, options.mic, options.fifoDepth, options.timeScale, pmInterval(options), options.traffic},
+        Onu::Setup{board, options.mic, options.fifoDepth, options.timeScale, pmInterval(options), options.traffic,
+                   options.baselineOnly},
         m_Recorder, [this](const std::uint8_t* frame, std::size_t length) { sendUnasked(frame, length); });
     m_Requests = std::make_unique<ControlRequests>(*m_Onu);
     Sandbox::setCommandHandler([this](const char* command) { return runCommand(command); });

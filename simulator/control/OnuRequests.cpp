@@ -14,6 +14,7 @@
 #include "Onu.h"
 #include "control/ControlRequests.h"
 #include "control/RequestFields.h"
+#include "control/StatisticsReport.h"
 
 namespace {
 constexpr unsigned short kClassOnuData = 2;
@@ -76,41 +77,6 @@ Json show(const Json& request)
     return {{"result", toText(softwareDownloadText())}};
 }
 
-Json showStatistics(Onu& onu, const Json& request)
-{
-    requireTrue(request, "statistics");
-    const omci::Statistics& counted = onu.dispatcher().statistics();
-    Json requests = Json::object();
-    for (std::size_t type = 0; type < counted.requests.size(); ++type) {
-        if (counted.requests[type] != 0) {
-            requests[omci::messageTypeName(static_cast<omci::MessageType>(type))] = counted.requests[type];
-        }
-    }
-    Json results = Json::object();
-    for (std::size_t result = 0; result < counted.results.size(); ++result) {
-        if (counted.results[result] != 0) {
-            results[omci::resultName(static_cast<omci::Result>(result))] = counted.results[result];
-        }
-    }
-    Json drops = Json::object();
-    for (std::size_t reason = 0; reason < counted.drops.size(); ++reason) {
-        drops[omci::dropReasonName(static_cast<omci::DropReason>(reason))] = counted.drops[reason];
-    }
-    const omci::Notifier::Counters sent = onu.notifier().counters();
-    return {{"result",
-             {{"requests", requests},
-              {"baseline_requests", counted.baselineRequests},
-              {"extended_requests", counted.extendedRequests},
-              {"results", results},
-              {"drops", drops},
-              {"replies", counted.replies},
-              {"retransmissions", counted.retransmissions},
-              {"exceptions", counted.exceptions},
-              {"attribute_value_changes", sent.attributeValueChanges},
-              {"alarms", sent.alarms},
-              {"test_results", sent.testResults},
-              {"suppressed_notifications", sent.suppressed}}}};
-}
 }  // namespace
 
 void ControlRequests::addOnuRequests()
@@ -152,5 +118,8 @@ void ControlRequests::addOnuRequests()
                   {"synchronized", clock.isSynchronized()},
                   {"uptime", std::chrono::duration_cast<std::chrono::seconds>(clock.uptime()).count()}}}};
     };
-    m_Requests["statistics"] = [this](const Json& request) { return showStatistics(m_Onu, request); };
+    m_Requests["statistics"] = [this](const Json& request) -> Json {
+        requireTrue(request, "statistics");
+        return {{"result", statisticsReport(m_Onu.dispatcher().statistics(), m_Onu.notifier().counters())}};
+    };
 }

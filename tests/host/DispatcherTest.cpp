@@ -321,3 +321,40 @@ TEST_F(Dispatching, GetNextReplyCarriesMaskAndData)
     table.length = 29;
     EXPECT_EQ("002000" + std::string(58, '7'), ask(MessageType::GetNext, 158, 0, "2000 0000"));
 }
+
+TEST_F(Dispatching, BaselineOnlyHostIsDeafToExtendedMessages)
+{
+    dispatcher.takeBaselineOnly();
+    format = Format::Extended;
+    EXPECT_TRUE(handle(frame(header(MessageType::Get, 100, 1), "8000")).empty());
+    Bytes broken = frame(header(MessageType::Get, 100, 1), "8000");
+    broken.resize(11);
+    EXPECT_TRUE(handle(broken).empty());
+    EXPECT_EQ(0U, me.reads);
+    EXPECT_EQ(2U, dispatcher.statistics().dropped(DropReason::ExtendedRefused));
+    EXPECT_EQ(0U, dispatcher.statistics().extendedRequests);
+    format = Format::Baseline;
+    EXPECT_EQ("00", ask(MessageType::Get, 100, 1, "8000").substr(0, 2));
+}
+
+TEST_F(Dispatching, CountersTellFormatResultAndClassOfEachMessage)
+{
+    ask(MessageType::Get, 100, 1, "8000");
+    ask(MessageType::Get, 100, 7, "8000");
+    ask(MessageType::Get, 101, 1, "8000");
+    format = Format::Extended;
+    ask(MessageType::Get, 100, 1, "8000");
+    const auto get = static_cast<std::size_t>(MessageType::Get);
+    const Statistics& counted = dispatcher.statistics();
+    EXPECT_EQ(4U, counted.requests[get]);
+    EXPECT_EQ(1U, counted.extendedByType[get]);
+    EXPECT_EQ(2U, counted.resultsByType[get][0]);
+    EXPECT_EQ(1U, counted.resultsByType[get][static_cast<std::size_t>(Result::UnknownInstance)]);
+    EXPECT_EQ(1U, counted.resultsByType[get][static_cast<std::size_t>(Result::UnknownManagedEntity)]);
+    // A class that the host doesn't have takes no place.
+    ASSERT_EQ(1U, counted.handlers.size());
+    const HandlerTime& handler = counted.handlers.at(100);
+    EXPECT_EQ(3U, handler.requests);
+    EXPECT_EQ(get, handler.slowestType);
+    EXPECT_LE(handler.slowest, handler.total);
+}
