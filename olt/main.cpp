@@ -24,7 +24,7 @@ constexpr const char* kFooter = R"(Examples:
 
 Exit codes:
   0    success
-  1    the ONU refused (a result other than success), or its answer makes no sense
+  1    the ONU refused (a result other than success), or its answer makes no sense; a comparison found differences
   2    usage: wrong options, names, values or files
   3    no answer: unreachable, or no valid answer within the time-out and all retries
   130  Ctrl-C
@@ -50,6 +50,7 @@ void declareGlobalOptions(CLI::App& app, GlobalOptions& options)
         ->type_name("N")
         ->check(CLI::Range(0U, 1000U))
         ->capture_default_str();
+    app.add_option("--pcap", options.capture, "Capture of all frames, readable while it grows")->type_name("FILE");
     app.add_flag("--json", options.json, "One JSON object a line instead of text");
 }
 

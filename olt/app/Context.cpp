@@ -20,7 +20,21 @@ Session& Context::session()
     options.timeout = std::chrono::milliseconds(m_Options.timeout);
     options.retries = m_Options.retries;
     m_Session.emplace(std::make_unique<UdpChannel>(Peer::parse(m_Options.connect)), std::move(*mic), options);
+    if (!m_Options.capture.empty())
+        startCapture();
     return *m_Session;
+}
+
+void Context::startCapture()
+{
+    try {
+        m_Capture.open(m_Options.capture);
+    } catch (const std::runtime_error& error) {
+        throw UsageError(std::string("--pcap: ") + error.what());
+    }
+    m_Session->addTap([this](omci::Direction direction, const std::uint8_t* data, std::size_t size) {
+        m_Capture.add(direction, data, size);
+    });
 }
 
 }  // namespace olt

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "capture/CaptureWriter.h"
 #include "model/Catalogue.h"
 #include "session/Session.h"
 #include "terminal/Output.h"
@@ -18,6 +19,7 @@ struct GlobalOptions
     std::string mic = "none";
     bool extended = false;
     bool json = false;
+    std::string capture;      ///< File that all frames go to; empty: none.
     unsigned timeout = 1000;  ///< Milliseconds for one attempt.
     unsigned retries = 3;
 };
@@ -39,9 +41,12 @@ public:
     [[nodiscard]] bool hasSession() const { return m_Session.has_value(); }
 
 private:
+    void startCapture();
+
     const Catalogue& m_Catalogue;
     const GlobalOptions& m_Options;
     Output& m_Output;
+    omci::CaptureWriter m_Capture;
     std::optional<Session> m_Session;
 };
 

@@ -33,6 +33,11 @@ void Options::optionalText(const char* name, std::optional<std::string>& value, 
     m_App.add_option(name, CLI::callback_t(take), help)->type_name(typeName)->expected(0, 1);
 }
 
+void Options::texts(const char* name, std::vector<std::string>& values, const char* help, const char* typeName)
+{
+    m_App.add_option(name, values, help)->type_name(typeName)->allow_extra_args(false);
+}
+
 void Options::choice(const char* name, std::string& value, const char* help, const std::vector<std::string>& choices)
 {
     m_App.add_option(name, value, help)->check(CLI::IsMember(choices));

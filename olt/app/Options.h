@@ -38,6 +38,8 @@ public:
     void text(const char* name, std::string& value, const char* help, const char* typeName);
     /// An option whose value may be left out, and is empty then. Not given: nothing.
     void optionalText(const char* name, std::optional<std::string>& value, const char* help, const char* typeName);
+    /// May be repeated.
+    void texts(const char* name, std::vector<std::string>& values, const char* help, const char* typeName);
     void choice(const char* name, std::string& value, const char* help, const std::vector<std::string>& choices);
     /// The value at the time of the call is the default that the help shows.
     void number(const char* name, unsigned& value, const char* help, Range<unsigned> range);

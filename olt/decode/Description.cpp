@@ -6,6 +6,7 @@
 #include "host/MessageLayout.h"
 #include "model/Alarms.h"
 #include "model/Hex.h"
+#include "model/Value.h"
 
 namespace olt {
 
@@ -46,12 +47,23 @@ AttributeValues splitRows(const EntityClass& entity, std::uint16_t mask, const o
     return result;
 }
 
+void readTableRows(Description& description, std::uint16_t mask, const omci::Octets& octets)
+{
+    description.details["rows"] = hexOf(octets);
+    const Attribute* const attribute = description.entity.entityClass->attributeOfMask(mask);
+    if (!attribute || attribute->form != Form::VlanRow)
+        return;
+    for (std::size_t at = 0; at + attribute->size <= octets.size; at += attribute->size)
+        description.details["rules"].push_back(
+            formatValue(*attribute, Bytes(octets.data + at, octets.data + at + attribute->size)));
+}
+
 void readSet(Description& description, const omci::FrameView& frame)
 {
     withParsed(description, omci::parseSetRequest(frame), [&](const auto& set) {
         description.asked = set.mask;
         if (frame.header.type == MessageType::SetTable)
-            description.details["rows"] = hexOf(set.values);
+            readTableRows(description, set.mask, set.values);
         else
             description.entity.values = splitRows(*description.entity.entityClass, set.mask, set.values);
     });

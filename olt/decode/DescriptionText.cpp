@@ -115,6 +115,22 @@ Json valuesToJson(const EntityClass& entity, const AttributeValues& values)
     return json;
 }
 
+namespace {
+
+/// Values of bits that only a sentence makes readable.
+Json valuesInWords(const AttributeValues& values)
+{
+    Json words = Json::object();
+    for (const auto& value : values.values) {
+        const Form form = value.attribute->form;
+        if (form == Form::VlanRow || form == Form::VlanFilterList)
+            words[value.attribute->name] = formatValue(*value.attribute, value.value);
+    }
+    return words;
+}
+
+}  // namespace
+
 Json toJson(const Description& description)
 {
     const auto& entity = description.entity;
@@ -138,6 +154,8 @@ Json toJson(const Description& description)
     json.update(description.details);
     if (carriesValues(entity.values))
         json["attributes"] = valuesToJson(*entity.entityClass, entity.values);
+    if (const Json words = valuesInWords(entity.values); !words.empty())
+        json["in_words"] = words;
     if (description.header.type == omci::MessageType::Alarm)
         json["alarms"] = alarmsToJson(entity.entityClass->id, entity.alarms);
     for (const auto& listed : description.listed)

@@ -28,6 +28,9 @@ public:
     void add(const EntityClass& entity, std::uint16_t instance, std::uint16_t mask, const std::uint8_t* data,
              std::size_t size);
 
+    /// A whole entity.
+    void add(const MibEntity& entity) { m_Entities[{entity.entityClass->id, entity.instance}] = entity; }
+
     /// In order of class and instance.
     [[nodiscard]] const std::map<Key, MibEntity>& entities() const { return m_Entities; }
 

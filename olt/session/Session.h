@@ -71,6 +71,8 @@ public:
     Session(std::unique_ptr<Channel> channel, omci::Mic mic, const SessionOptions& options);
 
     [[nodiscard]] omci::Format format() const { return m_Options.format; }
+    /// For the requests from now on; one session may mix both.
+    void setFormat(omci::Format format) { m_Options.format = format; }
     [[nodiscard]] const SessionStatistics& statistics() const { return m_Statistics; }
     /// Transaction id of the last request.
     [[nodiscard]] std::uint16_t lastTransaction() const { return m_Transaction; }
