@@ -66,7 +66,9 @@ class PcapTest(OltTest):
             command = self.command(onu, "--pcap", self.path("a.pcap"), "watch", "--poll", "0.1")
             process = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
             try:
-                while not os.path.exists(self.path("a.pcap")) or len(read_capture(self.path("a.pcap"))) < 4:
+                four_packets = 24 + 4 * (16 + 14 + 48)
+                while not os.path.exists(self.path("a.pcap")) or os.path.getsize(self.path("a.pcap")) < four_packets:
+                    self.assertIsNone(process.poll())
                     time.sleep(0.01)
                 text = self.run_program([OMCI_OLT, "decode", self.path("a.pcap")]).stdout
                 self.assertIn("get request OnuData (2)", text)
