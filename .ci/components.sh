@@ -29,7 +29,7 @@ component_cppcheck() {
         --std=c++17 --language=c++ --enable=warning,performance,portability \
         --suppress=passedByValue --suppress=CastIntegerToAddressAtReturn \
         -DNRVK_EXPORT= -Ipublicapi/omci_host -Ipublicapi/ont_omci_managed_entity -Isrc -I. \
-        src host simulator olt
+        src host capture simulator olt
 }
 
 # Files that the last commits have changed come first, so that the time goes where the work is; the rest follows while

@@ -1,5 +1,6 @@
 #include "decode/FrameSource.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -82,7 +83,7 @@ std::optional<RecordedFrame> FrameSource::nextLine()
         if (!any)
             return std::nullopt;
         ++m_Line;
-        line = line.substr(0, line.find('#'));
+        line.resize(std::min(line.find('#'), line.size()));
         if (line.find_first_not_of(" \t\r") == std::string::npos)
             continue;
         const auto octets = fromHex(line);
