@@ -7,6 +7,17 @@ namespace {
 
 constexpr unsigned int kRereadLimitMilliseconds = 2000;
 
+std::atomic<bool> isReading{false};
+
+/// While it lives, the description file is being read.
+struct Reading
+{
+    Reading() { isReading = true; }
+    ~Reading() { isReading = false; }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+};
+
 }  // namespace
 
 std::atomic<unsigned char> OmciMeSoftwareImageImplExtended::m_TimeToAskForNewSoftwareVersion{1};
@@ -50,9 +61,11 @@ unsigned char OmciMeSoftwareImageImplExtended::getIsValid(EnumOmciAction /*actio
 
 void OmciMeSoftwareImageImplExtended::updateSoftwareImageMEs() const
 {
-    if (m_TimeToAskForNewSoftwareVersion.exchange(0) == 0) {
+    // Storing what was read asks for these values too: a read that outlasts the limit must not begin another one.
+    if (isReading || m_TimeToAskForNewSoftwareVersion.exchange(0) == 0) {
         return;
     }
+    const Reading reading;
     m_SoftwareVersionTimer->startOneShotTimer(kRereadLimitMilliseconds);
     nrvk::readSoftwareImageDescriptions();
 }

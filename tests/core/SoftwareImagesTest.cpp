@@ -1,5 +1,6 @@
 // The image description file becomes the two software image entities.
 #include "CoreTest.h"
+#include "implExtended/OmciMeSoftwareImageImplExtended.h"
 
 namespace {
 
@@ -45,6 +46,24 @@ TEST_F(SoftwareImages, BothSlotsAreWrittenInTheirOrder)
     EXPECT_EQ(updates(), (Texts{"7; 0; 0x8000 = 1.0.7", "7; 0; 0x4000 = 1", "7; 0; 0x2000 = 1", "7; 0; 0x1000 = 1",
                                 "7; 1; 0x8000 = 1.0.6", "7; 1; 0x4000 = 0", "7; 1; 0x2000 = 0", "7; 1; 0x1000 = 1"}));
     EXPECT_EQ(stored(7, 0, 0x4000), Bytes{1});
+}
+
+TEST_F(SoftwareImages, ReadThatOutlastsItsLimitDoesNotBeginAnother)
+{
+    writeFile(kDescription, kTypical);
+    int changes = 0;
+    ON_CALL(hardware, sendAttributeValueChange(testing::_)).WillByDefault([&changes](OmciMessage*) {
+        ++changes;
+        OmciMeSoftwareImageImplExtended::softwareVersionTimerHandler({});
+        return 0;
+    });
+    OmciMeSoftwareImageImplExtended::softwareVersionTimerHandler({});
+    PrintedText output;
+    log.clear();
+    get(7, 0, 0x8000);
+    output.get();
+    EXPECT_GT(changes, 0);
+    EXPECT_EQ(log.texts(3).size(), 2U) << "one line for each slot";
 }
 
 TEST_F(SoftwareImages, EachSlotIsLoggedAndPrinted)
