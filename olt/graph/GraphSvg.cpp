@@ -4,6 +4,7 @@
 
 #include "graph/MibGraph.h"
 #include "graph/NodeColours.h"
+#include "model/XmlText.h"
 
 namespace olt {
 
@@ -40,22 +41,6 @@ struct Stack
     double y = 0;
     double height = 0;
 };
-
-std::string escaped(const std::string& text)
-{
-    std::string out;
-    for (const char c : text) {
-        if (c == '&')
-            out += "&amp;";
-        else if (c == '<')
-            out += "&lt;";
-        else if (c == '>')
-            out += "&gt;";
-        else if (static_cast<unsigned char>(c) >= 0x20)
-            out += c;
-    }
-    return out;
-}
 
 std::string number(double value)
 {
@@ -242,7 +227,7 @@ private:
         if (!edge.label.empty())
             text += "<text x=\"" + number(to.x - 6) + "\" y=\"" +
                     number(to.middle() + (to.middle() > from.middle() + 1 ? 13 : -5)) +
-                    "\" text-anchor=\"end\" class=\"d\" fill=\"" + colour + "\">" + escaped(edge.label) + "</text>\n";
+                    "\" text-anchor=\"end\" class=\"d\" fill=\"" + colour + "\">" + xmlText(edge.label) + "</text>\n";
         return text;
     }
 
@@ -260,12 +245,12 @@ private:
                 colours.line + "\"" + (node.state == NodeState::Present ? "" : " stroke-dasharray=\"5 3\"") + "/>\n";
         const std::string ink = node.state == NodeState::Present ? "#212121" : colours.line;
         text += "<text x=\"" + number(box.x + kPadding) + "\" y=\"" + number(box.y + 15) + "\" class=\"t\" fill=\"" +
-                ink + "\">" + escaped(node.title) + "</text>\n";
+                ink + "\">" + xmlText(node.title) + "</text>\n";
         double y = box.y + kTitleHeight;
         for (const auto& line : box.lines) {
             y += kLineHeight;
             text += "<text x=\"" + number(box.x + kPadding) + "\" y=\"" + number(y - 2) + "\" class=\"d\" fill=\"" +
-                    ink + "\">" + escaped(line) + "</text>\n";
+                    ink + "\">" + xmlText(line) + "</text>\n";
         }
         return text;
     }

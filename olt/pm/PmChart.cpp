@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include "model/XmlText.h"
+
 namespace olt {
 
 namespace {
@@ -17,22 +19,6 @@ constexpr int kPlotRight = 740;
 constexpr int kPlotTop = 8;
 constexpr int kPlotBottom = 46;
 
-std::string escaped(const std::string& text)
-{
-    std::string out;
-    for (const char c : text) {
-        if (c == '&')
-            out += "&amp;";
-        else if (c == '<')
-            out += "&lt;";
-        else if (c == '>')
-            out += "&gt;";
-        else
-            out += c;
-    }
-    return out;
-}
-
 std::string decimal(double value)
 {
     std::array<char, 40> text{};
@@ -42,7 +28,7 @@ std::string decimal(double value)
 
 std::string textAt(int x, double y, const char* look, const std::string& text)
 {
-    return "<text x=\"" + std::to_string(x) + "\" y=\"" + decimal(y) + "\" " + look + ">" + escaped(text) + "</text>\n";
+    return "<text x=\"" + std::to_string(x) + "\" y=\"" + decimal(y) + "\" " + look + ">" + xmlText(text) + "</text>\n";
 }
 
 double highestRate(const PmSeries& series, const Attribute& counter)

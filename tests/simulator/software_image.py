@@ -2,9 +2,13 @@
 
 import os
 import struct
+import sys
 import time
 
-from onu_sim import ACKNOWLEDGE_REQUEST, TIMEOUT
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
+
+from omci_crc import crc32  # noqa: E402
+from onu_sim import ACKNOWLEDGE_REQUEST, TIMEOUT  # noqa: E402
 
 START_DOWNLOAD, SECTION, END_DOWNLOAD, ACTIVATE, COMMIT, GET, REBOOT = 19, 20, 21, 22, 23, 9, 25
 SOFTWARE_IMAGE, ONU_G = 7, 256
@@ -16,24 +20,6 @@ DESCRIPTION = "/opt/addons/etc/appinfo.ini"
 VERIFY = "/opt/addons/am/verify_and_exec.sh app /tmp/ont_image.sef BLOB_APPS_SUPPORTED=2"
 SLOT_1_RUNS = {"APP1_SW_VERSION": "V1.0", "APP1_COMMIT": 1, "APP1_ACTIVE": 1, "APP1_VALID": 1, "APP1_PART_SEL": 1,
                "APP2_SW_VERSION": "V0.9", "APP2_COMMIT": 0, "APP2_ACTIVE": 0, "APP2_VALID": 1, "APP2_PART_SEL": 2}
-
-
-def _crc_of(octet):
-    value = octet << 24
-    for _ in range(8):
-        value = ((value << 1) ^ (0x04C11DB7 if value & 0x80000000 else 0)) & 0xFFFFFFFF
-    return value
-
-
-CRC_TABLE = [_crc_of(octet) for octet in range(256)]
-
-
-def crc32(octets):
-    """Polynomial 0x04C11DB7, most significant bit first, start and final complement all ones."""
-    value = 0xFFFFFFFF
-    for octet in octets:
-        value = (value << 8 & 0xFFFFFFFF) ^ CRC_TABLE[value >> 24 ^ octet]
-    return value ^ 0xFFFFFFFF
 
 
 def wait_for(condition):
