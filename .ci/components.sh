@@ -87,7 +87,7 @@ component_clang() {
     ctest --test-dir build/clang --parallel "$JOBS" --output-on-failure --no-tests=error --output-junit "$CI_RESULT"
 }
 
-component_fuzz() { scripts/fuzz --smoke "${FUZZ_SECONDS:-20}"; }
+component_fuzz() { scripts/fuzz --smoke "${FUZZ_SECONDS:-60}"; }
 
 component_package() { scripts/package; }
 
@@ -103,15 +103,7 @@ component_demo() {
     return "$status"
 }
 
-component_coverage() {
-    dependencies build run test check
-    configure debug -B build/coverage -DBUILD_TESTING=ON -DNRVK_BENCH=OFF -DCMAKE_CXX_FLAGS=--coverage
-    build coverage
-    ctest --test-dir build/coverage --parallel "$JOBS" --output-on-failure --output-junit "$CI_RESULT"
-    mkdir -p build/coverage/report
-    gcovr --root . --object-directory build/coverage --filter src/ --filter host/ --filter simulator/ --filter olt/ \
-        --html-details build/coverage/report/index.html --print-summary
-}
+component_coverage() { scripts/coverage; }
 
 # The unit tests under valgrind, beside the sanitizers: it needs no special build and sees uninitialized values too.
 component_valgrind() {
