@@ -30,6 +30,7 @@ VALUE_TYPES = {
     "table": "const unsigned char*",
 }
 KIND_NAMES = ("UNSIGNED_8", "UNSIGNED_16", "UNSIGNED_32", "UNSIGNED_64", "SIGNED_8", "SIGNED_16")
+ACCESS_WORDS = {"C": "set by create", "R": "get", "W": "set", "U": "MIB upload", "A": "AVC", "N": "get next"}
 FLAG_NAMES = {"C": "SET_BY_CREATE", "R": "READ", "W": "WRITE", "U": "MIB_UPLOAD", "A": "AVC", "N": "GET_NEXT"}
 
 
@@ -49,6 +50,13 @@ def value_type(attribute) -> str:
 
 def getter_type(attribute) -> str:
     return "unsigned int" if attribute.is_table else value_type(attribute)
+
+
+def attribute_words(attribute) -> str:
+    """Number, mask, size and access, as one sentence."""
+    size = f"rows of {attribute.size} bytes" if attribute.is_table else f"{attribute.size} byte{'s' * (attribute.size > 1)}"
+    access = ", ".join(ACCESS_WORDS[letter] for letter in attribute.letters if attribute.has_definition)
+    return f"Attribute {attribute.number} (mask {mask(attribute.mask)}), {size}: {access or 'not over OMCI'}."
 
 
 def member_type(attribute) -> str:
@@ -102,7 +110,7 @@ def adapter_header(me: ManagedEntity) -> str:
 
 
 FILTERS = (
-    value_type, getter_type, member_type, definition, number, widened, octet_list, mask,
+    value_type, getter_type, attribute_words, reference_pages.default_words, member_type, definition, number, widened, octet_list, mask,
     value_kinds, value_texts, adapter_class, adapter_header,
 )
 

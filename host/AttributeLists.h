@@ -17,6 +17,7 @@ namespace omci {
 /// The attribute lists of one class as its adapter gave them, so that a message does not copy them again.
 struct AttributeLists
 {
+    /// Asks the adapter for its lists.
     explicit AttributeLists(const OmciMe& me);
 
     /// Octets that op `getAttribute` writes: a table yields its size.
@@ -27,14 +28,14 @@ struct AttributeLists
     /// Octets on the wire by a single-bit mask, of one row for a table; 0 when the class has no such attribute.
     std::uint16_t size(std::uint16_t mask) const;
 
-    std::vector<attributeDefinition> get;
-    std::vector<attributeDefinition> set;
-    std::vector<attributeDefinition> create;
-    std::vector<attributeDefinition> avc;
+    std::vector<attributeDefinition> get;     ///< readable by get
+    std::vector<attributeDefinition> set;     ///< writable by set
+    std::vector<attributeDefinition> create;  ///< set by create
+    std::vector<attributeDefinition> avc;     ///< report attribute value changes
     /// Without tables, which G.988 keeps out of the upload.
     std::vector<attributeDefinition> upload;
-    std::uint16_t getMask = 0;
-    std::uint16_t setMask = 0;
+    std::uint16_t getMask = 0;  ///< the mask that the class announces for get
+    std::uint16_t setMask = 0;  ///< the mask that the class announces for set
     /// All attributes of any list.
     std::uint16_t knownMask = 0;
     /// Octets of all set-by-create values.
@@ -50,6 +51,7 @@ private:
 class AttributeListCache
 {
 public:
+    /// The one object of the process.
     static AttributeListCache& instance();
 
     /// The lists of `me`'s class. Good for as long as the caller holds them.

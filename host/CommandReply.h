@@ -8,6 +8,7 @@
 
 namespace omci {
 
+/// ONU data (G.988 9.1.3), which serves MIB reset, MIB upload and get all alarms.
 constexpr std::uint16_t kOnuDataClass = 2;
 
 /// A reply without contents beyond its result and, for a create or set, its masks.

@@ -30,8 +30,8 @@ public:
     /// A whole frame, good until the next `handle`. Empty when no reply is due.
     struct Reply
     {
-        const std::uint8_t* data = nullptr;
-        std::size_t length = 0;
+        const std::uint8_t* data = nullptr;  ///< the frame, owned by the dispatcher
+        std::size_t length = 0;              ///< octets; 0 when no reply is due
     };
 
     /// Runs one received frame. Never throws for what the library does: that becomes a processing error reply and a
@@ -41,6 +41,7 @@ public:
     /// The request that runs, for those who are called while it does; afterwards the last one.
     const OmciFrame& request() const { return m_Frame; }
 
+    /// Counters since the dispatcher was made. To be read on its thread.
     const Statistics& statistics() const { return m_Statistics; }
 
     /// Extended messages are dropped from now on, as an ONU does that has never heard of them. The OMCC version

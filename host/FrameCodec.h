@@ -8,15 +8,19 @@
 /// that ONU and OLT share it.
 namespace omci {
 
-constexpr std::size_t kBaselineHeaderLength = 8;
-constexpr std::size_t kBaselineContentLength = 32;
+/// @name Octets of a frame and its pieces
+/// @{
+constexpr std::size_t kBaselineHeaderLength = 8;    ///< in front of baseline contents
+constexpr std::size_t kBaselineContentLength = 32;  ///< contents of every baseline frame
 /// Octets 40 to 43 of a baseline frame.
 constexpr std::uint32_t kBaselineTrailer = 0x28;
-constexpr std::size_t kBaselineFrameLength = 48;
-constexpr std::size_t kExtendedHeaderLength = 10;
-constexpr std::size_t kMicLength = 4;
-constexpr std::size_t kMaximumContentLength = 1966;
+constexpr std::size_t kBaselineFrameLength = 48;     ///< a baseline frame with trailer and MIC
+constexpr std::size_t kExtendedHeaderLength = 10;    ///< in front of extended contents, their length included
+constexpr std::size_t kMicLength = 4;                ///< the integrity check that ends a frame
+constexpr std::size_t kMaximumContentLength = 1966;  ///< contents of the longest extended frame
+/// The longest frame, MIC included.
 constexpr std::size_t kMaximumFrameLength = kExtendedHeaderLength + kMaximumContentLength + kMicLength;
+/// @}
 
 /// The device identifier octet.
 enum class Format : std::uint8_t
@@ -67,10 +71,13 @@ enum class Result : std::uint8_t
     AttributesFailed = 9
 };
 
-/// "get next", "unknown (3)" style names for people; static texts.
+/// "get next", "mib upload" ... for people; "unknown message type" for a number that G.988 does not give. Static texts.
 const char* messageTypeName(MessageType type);
+/// "success", "parameter error" ... for people; static texts.
 const char* resultName(Result result);
+/// "baseline" or "extended"; static texts.
 const char* formatName(Format format);
+/// Whether G.988 has a message type of that number.
 bool isKnown(MessageType type);
 /// Alarm, attribute value change, test result: sent by the ONU unasked.
 bool isAutonomous(MessageType type);
@@ -78,13 +85,13 @@ bool isAutonomous(MessageType type);
 /// What stands before the contents. Numbers in host byte order.
 struct FrameHeader
 {
-    std::uint16_t transactionId = 0;
-    MessageType type = MessageType::Get;
-    bool acknowledgeRequest = false;
-    bool acknowledgement = false;
-    Format format = Format::Baseline;
-    std::uint16_t entityClass = 0;
-    std::uint16_t entityInstance = 0;
+    std::uint16_t transactionId = 0;      ///< 0 for what the ONU sends unasked
+    MessageType type = MessageType::Get;  ///< the low five bits of the type octet
+    bool acknowledgeRequest = false;      ///< AR: a request that wants a response
+    bool acknowledgement = false;         ///< AK: a response
+    Format format = Format::Baseline;     ///< device identifier octet
+    std::uint16_t entityClass = 0;        ///< G.988 class number
+    std::uint16_t entityInstance = 0;     ///< instance id
 };
 
 /// The header of the response to `request`.
@@ -93,14 +100,15 @@ FrameHeader responseTo(const FrameHeader& request);
 /// A decoded frame. The contents point into the decoded bytes.
 struct FrameView
 {
-    FrameHeader header;
-    const std::uint8_t* contents = nullptr;
+    FrameHeader header;                      ///< what stands before the contents
+    const std::uint8_t* contents = nullptr;  ///< null without contents
     /// 32 for baseline, the length field for extended.
     std::size_t contentsLength = 0;
     /// Whether the frame carries its four MIC octets, the last ones.
     bool hasMic = false;
 };
 
+/// Why octets are not a frame.
 enum class DecodeError : std::uint8_t
 {
     None,
@@ -111,15 +119,19 @@ enum class DecodeError : std::uint8_t
     Oversized            ///< baseline over 48 octets, extended with octets behind the MIC or a length field over 1966
 };
 
+/// The error in words for people; static texts.
 const char* decodeErrorName(DecodeError error);
 
+/// What `decode` made of received octets.
 struct Decoded
 {
-    DecodeError error = DecodeError::None;
+    DecodeError error = DecodeError::None;  ///< None: the whole frame is valid
     /// The header is valid with Truncated and Oversized too, the contents only without an error.
     FrameView frame;
 
+    /// Whether the whole frame is valid.
     explicit operator bool() const { return error == DecodeError::None; }
+    /// Whether at least the header is.
     bool hasHeader() const { return error == DecodeError::None || error >= DecodeError::Truncated; }
 };
 

@@ -26,9 +26,11 @@ public:
     /// The reverse; the values stay in the registrar's picture, as the library has no way to take them out.
     int deleteInstance(std::uint16_t classId, std::uint16_t instance);
 
-    /// Makes the ports that the board's counts ask for. Yields how many could not be made.
+    /// Makes the PPTP Ethernet UNIs (G.988 9.5.1, class 11) that the board has. Yields how many could not be made.
     unsigned createEthernetUnis(std::uint8_t count);
+    /// The same with PPTP video UNIs (9.13.1, class 82).
     unsigned createVideoUnis(std::uint8_t count);
+    /// The same with PPTP video ANIs (9.13.2, class 90).
     unsigned createVideoAnis(std::uint8_t count);
 
 private:

@@ -8,8 +8,9 @@
 
 namespace omci {
 
-/// Logger id of the host's own lines; those of the library have 150.
+/// Logger id of the host's own lines.
 constexpr int kHostLoggerId = 1;
+/// Logger id of the library's lines.
 constexpr int kLibraryLoggerId = 150;
 
 /// Where the finished lines of every Logger go: standard error until told otherwise. To be called before other threads

@@ -22,24 +22,32 @@ enum class Direction : std::uint8_t
 class Mic
 {
 public:
+    /// How the four octets come about.
     enum class Mode
     {
         None,   ///< sent as zeros, not checked
         Crc32,  ///< CRC-32 as in AAL5
         Cmac    ///< AES-128-CMAC with the OMCI integrity key (G.9807.1 annex B)
     };
+    /// The OMCI integrity key.
     using Key = std::array<std::uint8_t, 16>;
 
     /// Mode None.
     Mic();
+    /// Mode Cmac.
     explicit Mic(const Key& key);
     ~Mic();
+    /// @{
+
+    /// Takes mode and key over; the other is good for destruction only.
     Mic(Mic&&) noexcept;
     Mic& operator=(Mic&&) noexcept;
+    /// @}
 
     /// Reads "none", "crc32" or "cmac:" and 32 hexadecimal digits. Nothing on failure, with the reason in `problem`.
     static std::optional<Mic> parse(std::string_view text, std::string& problem);
 
+    /// How the four octets come about with this object.
     Mode mode() const { return m_Mode; }
 
     /// Whether the last four octets of the whole frame are right. Always true with mode None.

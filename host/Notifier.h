@@ -25,6 +25,7 @@ public:
     /// Takes one finished frame, which is only good during the call.
     using Sink = std::function<void(const std::uint8_t* frame, std::size_t length)>;
 
+    /// `sink` sends what `mic` has sealed; both are kept.
     Notifier(Sink sink, Mic mic);
 
     /// What the hardware layer got through sendAttributeValueChange; laid out as
@@ -41,6 +42,8 @@ public:
 
     /// @name Told by the dispatcher
     /// @{
+
+    /// The format of the OLT's last request, which unsolicited messages take.
     void setFormat(Format format);
     /// The OLT has begun an upload or has reset the MIB.
     void setMibKnown(bool known);
@@ -51,6 +54,7 @@ public:
     class Pause
     {
     public:
+        /// `notifier` may be null; pauses nest.
         explicit Pause(Notifier* notifier);
         ~Pause();
         Pause(const Pause&) = delete;
@@ -61,14 +65,16 @@ public:
     };
     /// @}
 
+    /// Messages since the notifier was made.
     struct Counters
     {
-        std::uint64_t attributeValueChanges = 0;
-        std::uint64_t alarms = 0;
-        std::uint64_t testResults = 0;
+        std::uint64_t attributeValueChanges = 0;  ///< sent
+        std::uint64_t alarms = 0;                 ///< sent
+        std::uint64_t testResults = 0;            ///< sent
         /// Kept back because the OLT did not know the MIB.
         std::uint64_t suppressed = 0;
     };
+    /// Any thread.
     Counters counters() const;
 
 private:

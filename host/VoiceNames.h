@@ -20,8 +20,12 @@ const char* signallingProtocolName(std::uint8_t protocol);
 
 /// @name VoIP line status (9.9.11)
 /// @{
+
+/// Server status: what registration at the voice server has come to.
 const char* voiceServerStatusName(std::uint8_t status);
+/// Port session type: what the call on the line is.
 const char* portSessionName(std::uint8_t session);
+/// Line state: what is to be heard on the line.
 const char* lineStateName(std::uint8_t state);
 /// @}
 

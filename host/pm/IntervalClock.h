@@ -12,12 +12,15 @@ namespace omci {
 class IntervalClock
 {
 public:
+    /// Time as this clock counts it.
     using Duration = std::chrono::microseconds;
     /// The interval of G.988.
     static constexpr std::chrono::minutes kStandardLength{15};
 
+    /// The first interval begins now. `length` is above 0.
     explicit IntervalClock(Duration length = kStandardLength) : m_Length(length) {}
 
+    /// Of an interval.
     Duration length() const { return m_Length; }
     /// Above 0. Holds for the running interval too, which ends at once when it has lasted that long.
     void setLength(Duration length) { m_Length = length; }

@@ -20,12 +20,16 @@ enum class PmView : unsigned int
 class IntervalCounters
 {
 public:
+    /// One value for each counter, in the order of the entity's attributes.
     using Values = std::vector<std::uint64_t>;
 
     /// All zero.
     explicit IntervalCounters(std::size_t count) : m_Continuous(count), m_Current(count), m_History(count) {}
 
+    /// How many counters the source has.
     std::size_t size() const { return m_Current.size(); }
+    /// Counts up by `amount`, to the counter's highest value at most. A counter that does not exist throws
+    /// std::out_of_range.
     void add(std::size_t counter, std::uint64_t amount);
     /// From now on the running interval and the continuous count stand at these values; the last interval stays.
     /// Missing values are 0.
@@ -38,6 +42,7 @@ public:
     /// Sets a range of counters back to 0, as they are seen by one view.
     void clear(PmView view, std::size_t first, std::size_t count);
 
+    /// The counters as one view sees them; good until they change.
     const Values& values(PmView view) const;
 
 private:

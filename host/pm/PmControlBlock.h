@@ -21,10 +21,15 @@ public:
 
     /// Instance of the threshold data entity.
     std::uint16_t thresholdData() const { return m_ThresholdData; }
+    /// Class of the entity whose traffic is counted.
     std::uint16_t parentClass() const { return m_ParentClass; }
+    /// Instance of the entity whose traffic is counted.
     std::uint16_t parentInstance() const { return m_ParentInstance; }
+    /// Whether accumulation is on for the counter.
     bool counts(unsigned counter) const { return isEnabled(m_AccumulationDisable, counter); }
+    /// Whether threshold crossing alerts are on for the counter.
     bool alerts(unsigned counter) const { return isEnabled(m_AlertDisable, counter); }
+    /// Whether the counters go on over the intervals.
     bool isContinuous() const { return (m_ControlFields & 1) != 0; }
 
 private:

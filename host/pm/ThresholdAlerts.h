@@ -12,7 +12,7 @@ namespace omci {
 /// One threshold crossing alert of a PM class: which counter, against which threshold, and the alarm it raises.
 struct ThresholdAlert
 {
-    std::uint16_t classId;
+    std::uint16_t classId;   ///< of the PM entity
     std::uint8_t counter;    ///< place among the counter attributes, from 1 (attribute mask 0x2000)
     std::uint8_t threshold;  ///< number of the threshold value attribute, 1 to 14
     std::uint8_t alarm;      ///< bit of the alarm bitmap
@@ -31,7 +31,9 @@ struct ThresholdSettings
     bool is64Bit = false;                        ///< threshold data 64-bit (class 426) instead of 273 and 274
     std::optional<PmControlBlock> controlBlock;  ///< of the classes that have one (334, 425)
 
+    /// Whether the counters go on over the intervals, by the control block.
     bool isContinuous() const { return controlBlock && controlBlock->isContinuous(); }
+    /// Whether alerts are on for the counter, by the control block.
     bool alerts(unsigned counter) const { return !controlBlock || controlBlock->alerts(counter); }
 };
 

@@ -9,8 +9,10 @@ class NrvkHal
 public:
     virtual ~NrvkHal() = default;
 
-    /// MAC addresses as text, "00:11:22:33:44:55". The argument is not used.
+    /// MAC address of the first IP host (G.988 9.4.1, class 134) as text, "00:11:22:33:44:55". The argument is not
+    /// used.
     virtual std::string halGetPrimaryMacAddress(std::string name) = 0;
+    /// MAC address of the second IP host, as text. The argument is not used.
     virtual std::string halGetSecondaryMacAddress(std::string name) = 0;
 };
 
@@ -18,6 +20,7 @@ public:
 class HALFactory
 {
 public:
+    /// The one object of the process, made at the first call and kept.
     static HALFactory* getInstance();
 
     /// Yields the NrvkHal, owned by the host and good for the life of the process. Called with 0.

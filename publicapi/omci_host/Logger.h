@@ -19,19 +19,21 @@ public:
 
     /// Lines with a higher number are dropped. 6 at first.
     void setLevel(unsigned char level);
+    /// The level in force.
     unsigned char getLevel() const;
 
     /// One finished line, before it reaches the sink.
     struct Line
     {
-        unsigned char level;
-        const std::string& function;
-        const std::string& file;
-        unsigned int line;
-        const char* text;
+        unsigned char level;          ///< syslog number
+        const std::string& function;  ///< of the caller, without its class
+        const std::string& file;      ///< of the caller
+        unsigned int line;            ///< of the caller's file
+        const char* text;             ///< formatted, without a line end
     };
     /// Called for every line of every level, whatever the level in force, on the calling thread; null takes it off.
     using Observer = void (*)(const Line& line, void* context);
+    /// Takes the observer in, with what it gets as `context`; neither is owned. Any thread.
     void setObserver(Observer observer, void* context);
 
 private:

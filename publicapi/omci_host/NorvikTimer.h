@@ -11,6 +11,7 @@
 class NorvikTimer
 {
 public:
+    /// What runs when the time is up: `sigval::sival_ptr` is the timer's argument.
     using Handler = void (*)(sigval);
 
     /// `handler` runs on a thread of the timers' own with `argument` in `sigval::sival_ptr`.
@@ -29,9 +30,10 @@ public:
     /// All timers started from now on run `factor` times faster; 1 at first. Not above 0: ignored.
     static void setTimeScale(double factor);
 
+    /// A timer that waits for its time.
     struct Running
     {
-        Handler handler;
+        Handler handler;  ///< as given to the constructor
         /// In the timer's own, unscaled time; 0 when due.
         unsigned int millisecondsLeft;
     };

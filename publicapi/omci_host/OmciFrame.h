@@ -18,12 +18,13 @@ class OmciFrame
 public:
     OmciFrame();
 
-    static constexpr unsigned char kBaselineDeviceId = 10;
-    static constexpr unsigned char kExtendedDeviceId = 11;
-    /// Contents of a baseline frame, and the most that an extended frame carries.
-    static constexpr std::size_t kBaselineContentLength = 32;
-    static constexpr std::size_t kMaximumContentLength = 1966;
+    static constexpr unsigned char kBaselineDeviceId = 10;     ///< device identifier of baseline frames
+    static constexpr unsigned char kExtendedDeviceId = 11;     ///< device identifier of extended frames
+    static constexpr std::size_t kBaselineContentLength = 32;  ///< octets of contents of a baseline frame
+    static constexpr std::size_t kMaximumContentLength =
+        1966;  ///< octets of contents that an extended frame carries at most
 
+    /// Transaction correlation identifier; its top bit is the priority of a baseline request.
     unsigned short getTransactionId() const;
     /// 1 when the acknowledge request bit is set.
     unsigned char getMessageTypeAR() const;
@@ -31,10 +32,13 @@ public:
     unsigned char getMessageType() const;
     /// 10 baseline, 11 extended.
     unsigned char getDeviceId() const;
+    /// G.988 class number of the addressed entity.
     unsigned short getManagedEntityClass() const;
+    /// Instance id of the addressed entity.
     unsigned short getManagedEntityInstance() const;
     /// The received contents; null for a frame that has none at all.
     const unsigned char* getMessageContent() const;
+    /// Octets of the received contents: 32 for baseline, the length field for extended.
     unsigned short getMessageContentLength() const;
 
     /// Window size minus one, as the OLT proposes it.
@@ -43,6 +47,7 @@ public:
     unsigned int getImageSizeInStartSoftwareDownload() const;
     /// The section's number within its window. The argument is not used.
     unsigned short getDownloadSectionNumberInDownloadSection(bool received) const;
+    /// CRC-32 of the whole image, as the OLT computed it; see CRC32.
     unsigned int getCRC32FromEndSoftwareDownload() const;
     /// Bytes.
     unsigned int getImageSizeInEndSoftwareDownload() const;
@@ -64,11 +69,13 @@ public:
 
     /// Takes a decoded request in; forgets the reply.
     void setRequest(const omci::FrameView& frame);
+    /// Whether a reply has been built since setRequest.
     bool hasReply() const { return m_HasReply; }
     /// Result of the reply, also where the wire has no place for it.
     unsigned char getReplyResult() const { return m_ReplyResult; }
     /// Contents of the reply, without baseline padding.
     const unsigned char* getReplyContent() const { return m_Reply.data(); }
+    /// Octets of getReplyContent.
     unsigned short getReplyContentLength() const { return m_ReplyLength; }
     /// The reply's contents to be written in place: kMaximumContentLength octets and the spare.
     unsigned char* getReplyBuffer() { return m_Reply.data(); }

@@ -52,17 +52,26 @@ public:
     /// hold the attribute's size and at least 8 bytes. An unknown mask writes nothing and still gives 0.
     virtual int getAttribute(unsigned short instance, const attributeDefinition* definition, unsigned char* buffer,
                              EnumOmciAction action) const = 0;
-    /// Each list operation clears `list` and fills it in attribute order; -1 on a null list.
+    /// Attributes that report an attribute value change. Each list operation clears `list` and fills it in attribute
+    /// order; -1 on a null list.
     virtual int getAttributesListForAvc(std::list<attributeDefinition>* list) const = 0;
+    /// Set-by-create attributes: what a create carries, in this order.
     virtual int getAttributesListForCreate(std::list<attributeDefinition>* list) const = 0;
+    /// Attributes that a get may ask for, tables included.
     virtual int getAttributesListForGet(std::list<attributeDefinition>* list) const = 0;
+    /// Table attributes that are read by get next.
     virtual int getAttributesListForGetNext(std::list<attributeDefinition>* list) const = 0;
+    /// Attributes that the MIB upload carries.
     virtual int getAttributesListForMibUpload(std::list<attributeDefinition>* list) const = 0;
+    /// Attributes that a set may write, tables included.
     virtual int getAttributesListForSet(std::list<attributeDefinition>* list) const = 0;
+    /// Mask of the set-by-create attributes.
     virtual unsigned short getCreateAttributesMask() const = 0;
     /// OMCI get current data. The body here is the host's Get handler, which passes the message type on as the action.
     virtual int getCurrentData(OmciFrame* frame) const;
+    /// Mask of the attributes that a get may ask for.
     virtual unsigned short getGetAttributesMask() const = 0;
+    /// Mask of the tables that are read by get next.
     virtual unsigned short getGetNextAttributesMask() const = 0;
     /// Writes the lowest instance id; -1 when there is none.
     virtual int getFirstManagedEntityInstance(unsigned short* instance) const = 0;
@@ -76,6 +85,7 @@ public:
     virtual int getNext(OmciFrame* frame) const;
     /// Replaces `*instance` by the next higher id; -1 at the end of the walk.
     virtual int getNextManagedEntityInstance(unsigned short* instance) const = 0;
+    /// Mask of the attributes that a set may write.
     virtual unsigned short getSetAttributesMask() const = 0;
     /// Whether get all alarms walks the class.
     virtual bool isPartOfAlarmsUpload() const = 0;

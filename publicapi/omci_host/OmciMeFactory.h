@@ -10,6 +10,7 @@ class OmciMe;
 class OmciMeFactory
 {
 public:
+    /// The one object of the process, made at the first call and kept.
     static OmciMeFactory* getInstance();
 
     /// Registers `me` for the class, in place of an earlier one. The factory takes no ownership: the adapter calls this
@@ -19,8 +20,9 @@ public:
     int unregisterManagedEntity(unsigned short classId);
     /// Null when the class is not registered.
     OmciMe* getManagedEntity(unsigned short classId) const;
-    /// The walk goes in ascending class order, to a null.
+    /// The adapter of the lowest class number; null when none is registered.
     OmciMe* getFirstManagedEntity() const;
+    /// The adapter of the next class number above `classId`, which need not be registered; null at the end.
     OmciMe* getNextManagedEntity(unsigned short classId) const;
 
 private:

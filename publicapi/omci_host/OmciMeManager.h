@@ -5,6 +5,7 @@
 class OmciMeManager
 {
 public:
+    /// The one object of the process, made at the first call and kept.
     static OmciMeManager* getInstance();
 
     /// Yields 0 and the attribute's size in bytes (of one row for a table), or -1 when class or attribute is unknown.

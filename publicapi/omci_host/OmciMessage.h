@@ -12,6 +12,7 @@ public:
     OmciMessage(const unsigned char* message, unsigned short length);
     virtual ~OmciMessage();
 
+    /// The bytes, owned by the object and good until the next setMessage; null for a message that holds nothing.
     unsigned char* getMessage();
     /// 0 for a message that holds nothing.
     unsigned short getMessageLength();

@@ -24,12 +24,12 @@ struct DefaultConfigManagedEntity
     /// Edits the row's texts for this index, in place, before the bytes are made.
     using UpdateFunction = void (*)(unsigned char index, AttributeValues& values, const std::string& factoryFile);
 
-    unsigned short classId;
-    unsigned char instanceCount;
-    InstanceFunction instanceFunction;  ///< null when the count is 0 and no board changes it
-    UpdateFunction updateFunction;      ///< may be null
-    EnumStartupValueKind attributeKinds[16];
-    AttributeValues attributeValues;
+    unsigned short classId;                   ///< G.988 class number
+    unsigned char instanceCount;              ///< instances at the start; boards change it
+    InstanceFunction instanceFunction;        ///< null when the count is 0 and no board changes it
+    UpdateFunction updateFunction;            ///< may be null
+    EnumStartupValueKind attributeKinds[16];  ///< what each text becomes, attribute 1 first
+    AttributeValues attributeValues;          ///< the texts, attribute 1 first
 };
 
 #endif

@@ -25,6 +25,7 @@ public:
 
     /// Not owned. Null until the host has set it.
     void setOmciHardwareIfc(OmciHardwareIfc* hardware);
+    /// The hardware layer that was set last; null before that.
     OmciHardwareIfc* getOmciHardwareIfc();
 
     /// Replaces the configured picture.
@@ -34,6 +35,7 @@ public:
 
     /// Builds the adapter of one of the 115 classes, which registers itself with OmciMeFactory.
     int registerManagedEntity(unsigned short classId);
+    /// Takes the class's adapter out of OmciMeFactory; the adapter itself and the instances stay. Always 0.
     int unregisterManagedEntity(unsigned short classId);
     /// Creates an instance as the ONU's own; only for the classes that can have such instances.
     int createManagedEntityInstance(unsigned short classId, unsigned short instance);
@@ -46,6 +48,8 @@ public:
 
     /// Brings the whole picture to life: adapters, instances, values. Failures are logged and skipped.
     int registerSupportedManagedEntities();
+    /// The reverse of registerSupportedManagedEntities: deletes the picture's instances and takes the adapters out of
+    /// OmciMeFactory. Failures are logged and skipped.
     int unregisterSupportedManagedEntitiesAndInstances();
     /// Writes all stored values again, as after a MIB reset.
     int initializeSupportedManagedEntitiesAndInstances();

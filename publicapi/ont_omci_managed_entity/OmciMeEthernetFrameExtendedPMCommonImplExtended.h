@@ -12,10 +12,13 @@
 class OmciMeEthernetFrameExtendedPMCommonImplExtended
 {
 public:
+    /// The count of finished intervals, modulo 256.
     NRVK_EXPORT static unsigned char getIntervalCounter();
+    /// Sets the count, for a host that keeps it over a restart.
     NRVK_EXPORT static void setIntervalCounter(unsigned char intervalCounter);
     /// 255 is followed by 0.
     NRVK_EXPORT static void incrementIntervalCounter();
+    /// Sets the count to 0, as after synchronize time.
     NRVK_EXPORT static void resetIntervalCounter();
 
 private:

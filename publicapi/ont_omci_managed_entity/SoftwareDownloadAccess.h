@@ -9,6 +9,7 @@ namespace nrvk {
 /// Puts the download into a state, 0 to 15, with what goes with it: the guard against a second download and the
 /// notification of the hardware layer. -1 for any other number, and nothing changes.
 NRVK_EXPORT int updateSoftwareDownloadStatus(unsigned short status);
+/// The state that the download is in, 0 to 15.
 NRVK_EXPORT unsigned short getSoftwareDownloadStatus();
 /// Whether the hardware layer has been told of the transfer.
 NRVK_EXPORT void updateDownloadStartedFlag(unsigned char started);

@@ -8,7 +8,7 @@
 /// One supported class in the configured picture of the MIB.
 struct StartupConfigManagedEntity
 {
-    unsigned short classId = 0;
+    unsigned short classId = 0;  ///< G.988 class number
     /// Instance ids, in the order made.
     std::list<unsigned short> instances;
     /// Key (instance << 16) | attribute mask; value the attribute's bytes in network order.

@@ -28,13 +28,16 @@ struct RecVlanTagFilData
 /// A classified rule, owned by the hardware layer and filled by parseReceivedFrameVlanTaggingOperationTable.
 struct ExtendedVlanTaggingRuleContainer
 {
-    unsigned int ruleFlags;     ///< bits are only ever set: pass 0
-    unsigned char hostData[6];  ///< the hardware layer's own; never touched
-    unsigned short inputTpid;
-    unsigned short outputTpid;
-    unsigned short downstreamMode;
-    unsigned short frameTagCount;  ///< 0 untagged, 1 single tagged, 2 double tagged
-    unsigned short tagAction;      ///< 0 to 6
+    unsigned int ruleFlags;         ///< bits are only ever set: pass 0
+    unsigned char hostData[6];      ///< the hardware layer's own; never touched
+    unsigned short inputTpid;       ///< TPID that the filter calls "input TPID"; host byte order
+    unsigned short outputTpid;      ///< TPID that the treatment calls "output TPID"; host byte order
+    unsigned short downstreamMode;  ///< attribute 5 of class 171: what happens to frames towards the UNI
+    unsigned short frameTagCount;   ///< 0 untagged, 1 single tagged, 2 double tagged
+    unsigned short tagAction;       ///< 0 to 6
+    /// @{
+
+    /// A field of the row, of the width that RecVlanTagFilData tells.
     unsigned short FET;
     unsigned short FOT;
     unsigned short FOV;
@@ -49,6 +52,7 @@ struct ExtendedVlanTaggingRuleContainer
     unsigned short TIT;
     unsigned short TIV;
     unsigned short TIP;
+    /// @}
     char dscpToPbitMapping[49];  ///< 24 bytes as 48 hexadecimal digits and a zero
 };
 

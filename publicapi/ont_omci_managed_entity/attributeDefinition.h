@@ -34,10 +34,10 @@ enum EnumAttributeFlag : unsigned char
 /// One attribute of a class. Attribute 1 has mask 0x8000, attribute 16 has 0x0001.
 struct attributeDefinition
 {
-    unsigned short attributeMask;  ///< the attribute's single bit
-    unsigned short attributeSize;  ///< bytes on the wire; of one row for a table
-    EnumAttributeKind attributeKind;
-    unsigned char isTableAttribute;  ///< 1 for a table, which is read by get next
+    unsigned short attributeMask;     ///< the attribute's single bit
+    unsigned short attributeSize;     ///< bytes on the wire; of one row for a table
+    EnumAttributeKind attributeKind;  ///< how the value is coded on the wire
+    unsigned char isTableAttribute;   ///< 1 for a table, which is read by get next
     unsigned short
         tableWriteMode;  ///< 1 on the three write-only tables of enhanced security control; for the host alone
     unsigned char attributeFlags;  ///< EnumAttributeFlag bits

@@ -9,8 +9,8 @@ import unittest
 import project
 
 SCRIPTS = project.SOURCE / "scripts"
-COMMANDS = ["install-dependencies", "test", "demo", "bench", "arm-sysroot"]
-PURPOSES = {"package", "build", "run", "test", "check", "cross"}
+COMMANDS = ["install-dependencies", "test", "demo", "bench", "docs", "arm-sysroot"]
+PURPOSES = {"docs", "package", "build", "run", "test", "check", "cross"}
 
 
 def shell_files():
