@@ -187,6 +187,7 @@ def main() -> None:
     parser.add_argument("--catalogue", type=Path, required=True, help="folder of the TOML files")
     parser.add_argument("--handwritten", type=Path, required=True, help="folder with implExtended/ and adapterExtended/")
     parser.add_argument("--output", type=Path, help="folder to write below")
+    parser.add_argument("--reference", type=Path, help="write the reference pages into this folder and nothing else")
     parser.add_argument("--list", action="store_true", help="print the C++ sources with their families, write nothing")
     arguments = parser.parse_args()
     try:
@@ -196,10 +197,13 @@ def main() -> None:
     if arguments.list:
         list_sources(catalogue)
         return
+    if arguments.reference is not None:
+        reference_pages.write(catalogue, arguments.reference, arguments.handwritten.parent)
+        return
     if arguments.output is None:
         parser.error("--output is needed")
     catalogue_json.write(catalogue, arguments.output / "catalogue.json")
-    reference_pages.write(catalogue, arguments.output / "docs" / "reference")
+    reference_pages.write(catalogue, arguments.output / "docs" / "reference", arguments.handwritten.parent)
     present, to_come = with_present_roles(catalogue, arguments.handwritten)
     for path, text in render(present).items():
         write_if_changed(arguments.output / path, text)

@@ -1,6 +1,9 @@
 """Reference pages in Markdown: an index and one page per family, with every class and its attributes."""
 
+import os.path
 from pathlib import Path
+
+import reference_links
 
 from model import LETTER_WORDS, Attribute, Catalogue, ManagedEntity, StartupRow
 from output import write_if_changed
@@ -8,18 +11,18 @@ from startup_table import KIND_BYTES
 from templating import environment
 
 
-def write(catalogue: Catalogue, directory) -> list[Path]:
-    """Write index.md and <family>.md below `directory`. All the pages' paths, changed or not."""
+def write(catalogue: Catalogue, directory, tree: Path) -> list[Path]:
+    """Write index.md and <family>.md below `directory`, with links into `tree`. All the pages' paths, changed or not."""
     paths = []
-    for name, text in render(catalogue).items():
+    for name, text in render(catalogue, tree, Path(os.path.relpath(tree, directory)).as_posix()).items():
         path = Path(directory) / name
         write_if_changed(path, text)
         paths.append(path)
     return paths
 
 
-def render(catalogue: Catalogue) -> dict[str, str]:
-    """File name -> text of every page."""
+def render(catalogue: Catalogue, tree: Path, to_tree: str) -> dict[str, str]:
+    """File name -> text of every page. `to_tree` leads from a page to the top of the tree."""
     env = environment(
         mask=lambda value: f"0x{value:04X}",
         default_words=default_words,
@@ -27,14 +30,17 @@ def render(catalogue: Catalogue) -> dict[str, str]:
         upload_words=upload_words,
         attribute_notes=attribute_notes,
         text_words=text_words,
+        anchor=lambda entity: reference_links.slug(f"{entity.entity} ({entity.class_id})"),
+        tree_link=lambda path, text=None: f"[{text or os.path.basename(path)}]({to_tree}/{path})",
         plural=lambda count, word: f"{count} {word}" if count == 1 else f"{count} {word}s",
     )
     rows = {row.entity.class_id: row for row in catalogue.startup_rows}
     family_page = env.get_template("reference_family.md.j2")
+    links = reference_links.find(catalogue, tree)
     pages = {"index.md": env.get_template("reference_index.md.j2").render(catalogue=catalogue)}
     for family in catalogue.families:
         pages[f"{family.stem}.md"] = family_page.render(
-            family=family, rows=rows, letters=LETTER_WORDS, startup_values=startup_values
+            family=family, rows=rows, letters=LETTER_WORDS, startup_values=startup_values, links=links
         )
     return pages
 

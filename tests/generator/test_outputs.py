@@ -2,16 +2,20 @@
 
 import json
 import os
+import re
 import tempfile
 import unittest
 from pathlib import Path
 
-from generator_path import CATALOGUE
+from generator_path import CATALOGUE, ROOT as TREE
 
 import catalogue
 import catalogue_json
+import reference_links
 import reference_pages
 from output import write_if_changed
+
+TO_TREE = "../tree"
 
 
 class InTemporaryDirectory(unittest.TestCase):
@@ -87,20 +91,27 @@ class Json(InTemporaryDirectory):
 class ReferencePages(InTemporaryDirectory):
     def setUp(self):
         super().setUp()
-        self.pages = reference_pages.render(self.catalogue)
+        self.pages = reference_pages.render(self.catalogue, TREE, TO_TREE)
 
     def test_a_page_per_family_and_an_index(self):
-        paths = reference_pages.write(self.catalogue, self.directory)
+        paths = reference_pages.write(self.catalogue, self.directory, TREE)
         expected = {f"{family.stem}.md" for family in self.catalogue.families} | {"index.md"}
         self.assertEqual({path.name for path in paths}, expected)
         self.assertEqual({path.name for path in self.directory.iterdir()}, {path.name for path in paths})
         for path in paths:
-            self.assertEqual(path.read_text(), self.pages[path.name])
+            self.assertEqual(path.read_text(), self.pages[path.name].replace(TO_TREE, os.path.relpath(TREE, self.directory)))
 
-    def test_index_lists_every_class_once(self):
+    def test_index_lists_every_class_once_by_number_name_and_family(self):
+        index = self.pages["index.md"]
+        by_number, by_name, by_family = (index.split(f"\n## {title}\n")[1].split("\n## ")[0]
+                                         for title in ("By number", "By name", "By family"))
         for entity in self.catalogue.classes:
-            row = f"| {entity.class_id} | {entity.entity} | `{entity.short_name}` |"
-            self.assertEqual(self.pages["index.md"].count(row), 1, row)
+            target = f"{entity.family}.md#{reference_links.slug(f'{entity.entity} ({entity.class_id})')}"
+            self.assertEqual(by_number.count(f"\n| {entity.class_id} | [{entity.entity}]({target}) |"), 1)
+            self.assertEqual(by_name.count(f"\n| [`{entity.short_name}`]({target}) | {entity.class_id} |"), 1)
+            self.assertEqual(by_family.count(f" [{entity.entity} ({entity.class_id})]({target})"), 1)
+        names = re.findall(r"^\| \[`(\w+)`\]", by_name, re.MULTILINE)
+        self.assertEqual(names, sorted(names, key=str.lower))
 
     def test_family_page_has_every_attribute_of_its_classes(self):
         for entity in self.catalogue.classes:
@@ -115,10 +126,42 @@ class ReferencePages(InTemporaryDirectory):
     def test_class_facts(self):
         page = self.pages["onu.md"]
         self.assertIn("| G.988 clause | 9.2.1 |\n| Created by | the ONU |\n| Uploads | MIB and alarms |\n", page)
-        self.assertIn("| Hand-written | `OmciMeAniGImplExtended`, `OmciMeAniGAdapterExtended` |\n", page)
         self.assertIn("Start-up: 1 instance, ids by `instanceOltG`.\n", page)
         self.assertIn(" Values: `VendorId` \"NRVK\"; `Version` 9 blanks; `SerialNumber` 3 blanks.\n", page)
         self.assertIn("| 0x84, then zero |\n", page)
+
+    def test_what_is_special_about_a_class_is_linked(self):
+        section = self.pages["vlan.md"].split("(171)\n")[1]
+        name = "OmciMeExtendedVlanTaggingOperationConfigurationData"
+        self.assertIn(f"[{name}If.h](../../publicapi/ont_omci_managed_entity/{name}If.h)", section)
+        self.assertIn(f"[{name}ImplExtended.cpp]({TO_TREE}/src/implExtended/{name}ImplExtended.cpp)", section)
+        self.assertIn(f"[ExtendedVlanTableTest.cpp]({TO_TREE}/tests/implExtended/ExtendedVlanTableTest.cpp)", section)
+        self.assertIn(f"[VLAN rows]({TO_TREE}/docs/omci-olt.md#vlan-rows) of `docs/omci-olt.md`", section)
+        self.assertIn("**Behaviour.** Extended VLAN tagging operation configuration data (G.988 9.3.13, class 171).", section)
+
+    def test_each_class_written_by_hand_tells_its_behaviour(self):
+        links = reference_links.find(self.catalogue, TREE)
+        for entity in self.catalogue.classes:
+            headers = [path for path in links[entity.class_id].sources if path.endswith(".h")]
+            self.assertEqual(len(headers), len(entity.roles), entity.short_name)
+            self.assertEqual(len(headers), len(links[entity.class_id].behaviour), headers)
+
+    def test_each_link_into_the_tree_leads_to_a_file(self):
+        for name, page in self.pages.items():
+            for target in re.findall(r"\]\(" + TO_TREE + r"/([^)#]+)", page):
+                self.assertTrue((TREE / target).is_file(), f"{name}: {target}")
+
+    def test_a_class_is_found_by_name_number_and_title(self):
+        text = "# Page\n\nclass 7\n\n## Two\n\nclasses 321, 322 and 334; `AniG`\n\n## Three\n\nGEM port network CTP\n"
+        (self.directory / "docs").mkdir()
+        (self.directory / "docs" / "page.md").write_text(text)
+        links = reference_links.find(self.catalogue, self.directory)
+        told = {class_id: [section.title for section in found.sections] for class_id, found in links.items() if found.sections}
+        self.assertEqual(told, {7: ["Page"], 321: ["Two"], 322: ["Two"], 334: ["Two"], 263: ["Two"], 268: ["Three"]})
+
+    def test_anchors_are_those_of_github(self):
+        self.assertEqual(reference_links.slug("GEM port network CTP (268)"), "gem-port-network-ctp-268")
+        self.assertEqual(reference_links.slug("The `--json` option, and more"), "the---json-option-and-more")
 
     def test_letters_are_explained_on_each_family_page(self):
         for name, page in self.pages.items():
