@@ -91,6 +91,8 @@ component_fuzz() { scripts/fuzz --smoke "${FUZZ_SECONDS:-60}"; }
 
 component_package() { scripts/package; }
 
+component_docs() { scripts/docs; }
+
 component_bench() { scripts/bench --smoke; }
 
 # What a newcomer does: a clone of what is committed, nothing built, one command.
