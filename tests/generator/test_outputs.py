@@ -89,9 +89,10 @@ class Json(InTemporaryDirectory):
 
 
 class ReferencePages(InTemporaryDirectory):
-    def setUp(self):
-        super().setUp()
-        self.pages = reference_pages.render(self.catalogue, TREE, TO_TREE)
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.pages = reference_pages.render(cls.catalogue, TREE, TO_TREE)
 
     def test_a_page_per_family_and_an_index(self):
         paths = reference_pages.write(self.catalogue, self.directory, TREE)
