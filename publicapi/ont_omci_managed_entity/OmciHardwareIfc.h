@@ -120,7 +120,7 @@ public:
     virtual int removeSipUser(OmciMeSipUserDataIf* user) = 0;
     /// SIP agent config data (G.988 9.9.3, class 150).
     virtual int removeSipAgent(OmciMeSipAgentConfigDataIf* agent) = 0;
-    /// GEM interworking termination point (G.988 9.2.4, class 266), complete with its GEM port and T-CONT.
+    /// GEM interworking termination point (G.988 9.2.4, class 266), after the last attribute of its create.
     virtual int provisionGemInterworkingTp(OmciMeGemInterworkingTpIf* interworkingTp) = 0;
     /// Multicast GEM interworking termination point (G.988 9.2.5, class 281), with its first group.
     virtual int provisionMulticastGemInterworkingTp(OmciMeMulticastGemInterworkingTpIf* interworkingTp) = 0;
@@ -213,7 +213,7 @@ public:
                                 unsigned int nanoseconds) = 0;
     /// OLT-G has stored a new vendor id.
     virtual int notifyOltVendorId() = 0;
-    /// The OLT has set the time of day of ONT system: seconds since 1970 in UTC. `time` is good during the call only.
+    /// The time of day of ONT system (class 65300), taken as local time by mktime. `time` is good during the call only.
     virtual int setOntTimeOfDay(const time_t* time) = 0;
 };
 

@@ -133,7 +133,7 @@ public:
     /// Current addresses of the first IP host (G.988 9.4.1, class 134), dotted; an empty text leaves its attribute
     /// alone.
     int updateIpHostConfigDataMEs_CurrentIpAddress(std::string address, std::string netmask, std::string gateway) const;
-    /// For an OLT of the vendor's own: IP hosts 0 and 1 become 515 and 514. Holds the registrar's mutex.
+    /// With true IP hosts 0 and 1 become 515 and 514; then all get their MAC addresses. Holds the registrar's mutex.
     void swapSubtendedHostInstanceId(bool connected);
     /// Received optical level of ANI-G (G.988 9.2.1, class 263), in steps of 0.002 dB around 0 dBm, two's complement.
     int updateAniGOpticalSignalLevel(unsigned short instance, unsigned short level);
@@ -156,7 +156,7 @@ public:
     /// Feeds one instance of class 321 or 322. Always 0.
     int updateEthernetFramePMMangedEntity(unsigned short classId, unsigned short instance,
                                           EthernetFrameExtendedCounters counters);
-    /// Feeds class 425 (G.988 9.3.34), or 334, of a virtual Ethernet interface point. Always 0.
+    /// Feeds class 425 (G.988 9.3.34) as updateEthernetFrameExtendedPM does; ignores other classes. Always 0.
     int updateVeipExtendedPM(unsigned short classId, unsigned short instance, EthernetFrameExtendedCounters first,
                              EthernetFrameExtendedCounters second);
     /// Saturates at 0xFFFFFFFF.
