@@ -58,6 +58,27 @@ RecordedUpload uploadOf(const Catalogue& catalogue, const Conversation& conversa
     return upload;
 }
 
+bool saysBusy(const Frame& answer)
+{
+    const auto response = omci::parseResultResponse(answer.view());
+    return response && response->result == omci::Result::DeviceBusy;
+}
+
+/// Whether the recorded ONU was busy with an image, and the OLT asked once more.
+bool isAskedAgain(const Conversation& conversation, std::size_t index)
+{
+    const RecordedExchange& exchange = conversation.exchanges[index];
+    if (!exchange.answer || !saysBusy(*exchange.answer))
+        return false;
+    const Request asked = requestOf(exchange.request);
+    const auto next = conversation.exchanges.begin() + static_cast<std::ptrdiff_t>(index) + 1;
+    return std::any_of(next, conversation.exchanges.end(), [&](const RecordedExchange& later) {
+        const Request request = requestOf(later.request);
+        return request.type == asked.type && request.entityInstance == asked.entityInstance &&
+               request.contents == asked.contents;
+    });
+}
+
 using AlarmTexts = std::map<Mib::Key, std::string>;
 
 void addAlarms(AlarmTexts& texts, const omci::AlarmedEntity& entity)
@@ -111,6 +132,10 @@ void Replay::play(std::size_t index)
     case MessageType::GetAllAlarms:
         if (exchange.answer)
             return playAlarms(index);
+        break;
+    case MessageType::EndSoftwareDownload:
+        if (isAskedAgain(m_Conversation, index))
+            return;
         break;
     default:
         break;
@@ -168,9 +193,23 @@ void Replay::playRequest(const RecordedExchange& exchange)
         session.sendUnacknowledged(request);
         return;
     }
-    const Frame answer = session.request(request);
+    const Frame answer = request.type == MessageType::EndSoftwareDownload ? askUntilStored(request, *exchange.answer)
+                                                                          : session.request(request);
     const auto& catalogue = m_Context.catalogue();
     add(compareAnswers(describe(catalogue, exchange.answer->view()), describe(catalogue, answer.view()), m_Ignored));
+}
+
+Frame Replay::askUntilStored(const Request& request, const Frame& recorded)
+{
+    constexpr std::chrono::milliseconds pause{100};
+    constexpr std::chrono::seconds longest{60};
+    const auto deadline = Clock::now() + longest;
+    Frame answer = m_Context.session().request(request);
+    while (saysBusy(answer) && !saysBusy(recorded) && Clock::now() < deadline) {
+        m_Context.session().pause(Clock::now() + pause);
+        answer = m_Context.session().request(request);
+    }
+    return answer;
 }
 
 void Replay::add(std::vector<Difference> differences)

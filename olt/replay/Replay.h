@@ -21,7 +21,8 @@ struct ReplayOutcome
 
 /// Plays the OLT's side of a recording to the ONU of the context and compares the answers. Requests have new
 /// transaction ids and the format of the recording. A MIB upload and a reading of the alarms are compared as a whole,
-/// since another ONU may pack them differently. Throws what Session::request throws.
+/// since another ONU may pack them differently. How often the OLT had to ask whether an image is stored is the ONU's
+/// affair: it is asked until it answers. Throws what Session::request throws.
 class Replay
 {
 public:
@@ -36,6 +37,8 @@ private:
     void playUpload(std::size_t index);
     void playAlarms(std::size_t index);
     void playRequest(const RecordedExchange& exchange);
+    /// Asks again while the ONU is busy with a received image, when the recorded one was done with it.
+    [[nodiscard]] Frame askUntilStored(const Request& request, const Frame& recorded);
     void waitUntil(Clock::time_point time);
     void add(std::vector<Difference> differences);
 
