@@ -84,10 +84,11 @@ Onu::Onu(Setup setup, HardwareRecorder& recorder, omci::Notifier::Sink sink)
 void Onu::connectHardwareToHost()
 {
     m_Hardware.onAttributeValueChange([this](OmciMessage& message) { m_Notifier.sendAttributeValueChange(&message); });
-    m_Hardware.onTestResult([this](unsigned short transactionId, unsigned short classId, const unsigned char* contents,
-                                   std::size_t length) {
-        m_Notifier.sendTestResult(transactionId, classId, m_Dispatcher.request().getManagedEntityInstance(), contents,
-                                  length);
+    m_Hardware.onTest([this](unsigned short transactionId, unsigned short classId) {
+        const unsigned short instance = m_Dispatcher.request().getManagedEntityInstance();
+        return [=](const unsigned char* contents, std::size_t length) {
+            m_Notifier.sendTestResult(transactionId, classId, instance, contents, length);
+        };
     });
     m_Hardware.setTimeOfDaySource([this] { return requestedTime(); });
     m_Hardware.setDebugService([this](const std::string& command) { return answerDebugCommand(*this, command); });
@@ -173,6 +174,8 @@ void Onu::applyIdentity()
 
 void Onu::restart()
 {
+    // While there is a library to report to.
+    m_Hardware.work().finish();
     endWriting();
     tearDown();
     m_Statics.restore();

@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <limits>
 
+#include "hardware/HardwareSettings.h"
+
 namespace {
 constexpr unsigned int kHighestLogLevel = 7;
 constexpr double kLongestPmInterval = 86400;
@@ -41,6 +43,10 @@ std::optional<int> parseOptions(int argc, char** argv, Options& options)
     program.add_option("--pm-interval", options.pmInterval, "seconds of a performance monitoring interval")
         ->check(CLI::Range(0.1, kLongestPmInterval))
         ->type_name("SECONDS")
+        ->capture_default_str();
+    program.add_option("--hardware-delay", options.hardwareDelay, "milliseconds until the hardware has done its work")
+        ->check(CLI::Range(0U, HardwareSettings::kLongestDelay))
+        ->type_name("MS")
         ->capture_default_str();
     program.add_flag("--traffic", options.traffic, "simulated traffic, which makes counters grow");
     program.add_flag("--baseline-only", options.baselineOnly, "drop extended messages, and say so in the OMCC version");

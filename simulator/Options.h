@@ -19,6 +19,7 @@ struct Options
     std::optional<unsigned int> fifoDepth;
     double timeScale = 1;
     double pmInterval = 900;
+    unsigned int hardwareDelay = 0;  ///< milliseconds
     bool traffic = false;
     bool baselineOnly = false;
     bool describe = false;

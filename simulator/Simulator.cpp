@@ -55,6 +55,7 @@ Simulator::Simulator(const Options& options)
     watchSignals();
     m_Channel = std::make_unique<UdpChannel>(
         m_Loop, address, [this](const std::uint8_t* bytes, std::size_t length) { handleFrame(bytes, length); });
+    watchHardwareWork(options);
     m_Onu->start();
     m_PmTimer = std::make_unique<PmTimer>(m_Loop, m_Onu->performanceMonitoring(), options.timeScale);
     if (!options.control.empty()) {
@@ -67,6 +68,9 @@ Simulator::Simulator(const Options& options)
 Simulator::~Simulator()
 {
     Sandbox::setCommandHandler(nullptr);
+    HardwareWork& work = m_Onu->hardware().work();
+    work.finish();
+    work.onNextTime(nullptr);
     flushLogs();
 }
 
@@ -100,6 +104,14 @@ void Simulator::watchSignals()
             m_Loop.stop();
         }
     });
+}
+
+void Simulator::watchHardwareWork(const Options& options)
+{
+    SimulatedHardware& hardware = m_Onu->hardware();
+    hardware.change({{"delay_ms", options.hardwareDelay}});
+    m_WorkTimer = std::make_unique<LoopTimer>(m_Loop, [&hardware] { hardware.work().doDue(); });
+    hardware.work().onNextTime([this](const auto& when) { m_WorkTimer->arm(when); });
 }
 
 void Simulator::run()

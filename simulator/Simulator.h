@@ -8,6 +8,7 @@
 #include "EventLoop.h"
 #include "JsonLog.h"
 #include "LibraryLog.h"
+#include "LoopTimer.h"
 #include "Onu.h"
 #include "Options.h"
 #include "UdpChannel.h"
@@ -33,6 +34,7 @@ public:
 private:
     void openLogs(const Options& options);
     void watchSignals();
+    void watchHardwareWork(const Options& options);
     void handleFrame(const std::uint8_t* bytes, std::size_t length);
     void sendUnasked(const std::uint8_t* frame, std::size_t length);
     std::string answerRequest(const std::string& line);
@@ -52,6 +54,7 @@ private:
     std::unique_ptr<UdpChannel> m_Channel;
     std::unique_ptr<ControlSocket> m_Control;
     std::unique_ptr<PmTimer> m_PmTimer;
+    std::unique_ptr<LoopTimer> m_WorkTimer;
 };
 
 #endif

@@ -27,14 +27,23 @@ class OmciMeVoipVoiceCTPIf;
 /// The hardware layer derives from it and hands one object to OmciManagedEntityRegistrar::setOmciHardwareIfc; the
 /// library never deletes it. The order of the virtual operations is the binary contract.
 ///
-/// - provision, remove, set, apply: the library pushes a change. It hands over an entity or its instance number; the
-///   hardware layer reads what else it needs through the getters and stores (action OMCI_ACTION_GET). Entity pointers
-///   are good as long as the instance exists. Such work may be queued: the result is ignored and a Set never waits for
-///   it.
-/// - refresh: the library is about to read stored values. The hardware layer answers before the call returns, through
-/// the
-///   matching update entry of OmciManagedEntitiesCore. The result is ignored; without an answer the last value is read.
-/// - get, find, resolve, endSoftwareImageDownload: the result itself is used; the call must answer at once.
+/// What may be queued, so that no Set waits for the chip, and what must be done when the call returns:
+///
+/// - May be queued, in the order of the calls: provision, remove, set (but for the clock), apply,
+///   resetDataPathConfiguration, testAni and testOnu. The library pushes a change and ignores the result. It hands over
+///   an entity or its instance number; what else is needed is read during the call, through the getters and stores
+///   (action OMCI_ACTION_GET), for the next message may change it, and an entity pointer is good only as long as the
+///   instance exists. Later calls about the same entity mean the later state, so that the order counts. A test's result
+///   is a message of its own. provisionEvcAndEvcMap answers at once whether it takes the work.
+/// - At once, for the reply is made from it: get, find, resolve and endSoftwareImageDownload, whose result is used; and
+///   refresh, which is answered through the matching update entry of OmciManagedEntitiesCore before it returns, from
+///   what the hardware layer has at hand. Without an answer the last value is read.
+/// - At once, for the OLT relies on it with its next message: sendRemoteDebugCommand (getRemoteDebugReply follows),
+///   createPmInstance, clearEthernetFrameExtendedPmCounters and resetFecCounters (the next refresh reports the new
+///   count), synchronizeTime, setOltTimeOfDay and setOntTimeOfDay (a time that waits is wrong).
+/// - At once, for what is handed over ends with the call: sendAttributeValueChange; so does the text of
+///   sendRemoteDebugCommand and the image of endSoftwareImageDownload.
+/// - deletePmInstance and the notify calls tell something; what comes of it may take its time.
 ///
 /// Calls come on the thread that called the library, normally the OMCI thread, with no lock of the library's held
 /// except inside a MIB reset of the ONU's own and the swap of the IP host instances.

@@ -23,6 +23,8 @@ public:
     HardwareCall(const HardwareCall&) = delete;
     HardwareCall& operator=(const HardwareCall&) = delete;
 
+    const char* operation() const { return m_Operation; }
+    std::uint64_t number() const { return m_Number; }
     /// Sets what an out pointer points at, once it is known.
     void setArgument(std::size_t index, Json value) { m_Arguments.at(index) = std::move(value); }
     /// Notes what the hardware layer read of the MIB during the call.

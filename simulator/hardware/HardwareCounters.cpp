@@ -178,7 +178,7 @@ int SimulatedHardware::deletePmInstance(unsigned short classId, unsigned short i
 
 int SimulatedHardware::refreshGemPortCounters(unsigned short classId, unsigned short portId, unsigned int statsAction)
 {
-    const HardwareCall written = slowCall("refreshGemPortCounters", {classId, portId, statsAction});
+    const HardwareCall written = call("refreshGemPortCounters", {classId, portId, statsAction});
     if (OmciManagedEntitiesCore* core = reportee()) {
         core->updateGemPortNetworkCtpPM(0, portId,
                                         counterRecord<GemPortCounters>(kClassGemPortPm, portId, viewOf(statsAction)));
@@ -197,7 +197,7 @@ int SimulatedHardware::resetFecCounters(unsigned short classId, unsigned int mod
 
 int SimulatedHardware::refreshFecCounters(unsigned short instance, unsigned int statsAction)
 {
-    const HardwareCall written = slowCall("refreshFecCounters", {instance, statsAction});
+    const HardwareCall written = call("refreshFecCounters", {instance, statsAction});
     if (OmciManagedEntitiesCore* core = reportee()) {
         core->updateTwdmFecStats(instance, counterRecord<TwdmFecCounters>(kClassFecPm, instance, viewOf(statsAction)));
     }
@@ -206,7 +206,7 @@ int SimulatedHardware::refreshFecCounters(unsigned short instance, unsigned int 
 
 int SimulatedHardware::refreshTwdmOmciPm(EnumOmciAction action, unsigned short instance)
 {
-    const HardwareCall written = slowCall("refreshTwdmOmciPm", {static_cast<int>(action), instance});
+    const HardwareCall written = call("refreshTwdmOmciPm", {static_cast<int>(action), instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         core->updateTwdmOmciStats(instance,
                                   counterRecord<TwdmOmciCounters>(kClassTwdmOmciPm, instance, viewOf(action)));
@@ -216,7 +216,7 @@ int SimulatedHardware::refreshTwdmOmciPm(EnumOmciAction action, unsigned short i
 
 int SimulatedHardware::refreshTwdmPhyLodsPm(EnumOmciAction action, unsigned short instance)
 {
-    const HardwareCall written = slowCall("refreshTwdmPhyLodsPm", {static_cast<int>(action), instance});
+    const HardwareCall written = call("refreshTwdmPhyLodsPm", {static_cast<int>(action), instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         core->updateTwdmPhyLodsStats(instance,
                                      counterRecord<TwdmPhyLodsCounters>(kClassTwdmPhyLodsPm, instance, viewOf(action)));
@@ -226,7 +226,7 @@ int SimulatedHardware::refreshTwdmPhyLodsPm(EnumOmciAction action, unsigned shor
 
 int SimulatedHardware::refreshGalEthernetPm(EnumOmciAction action, unsigned short instance)
 {
-    const HardwareCall written = slowCall("refreshGalEthernetPm", {static_cast<int>(action), instance});
+    const HardwareCall written = call("refreshGalEthernetPm", {static_cast<int>(action), instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         core->updateGalEthPmHistData(instance,
                                      counterRecord<GalEthPMHistData>(kClassGalEthernetPm, instance, viewOf(action)));
@@ -236,7 +236,7 @@ int SimulatedHardware::refreshGalEthernetPm(EnumOmciAction action, unsigned shor
 
 int SimulatedHardware::refreshTwdmPloamPm(EnumOmciAction action, unsigned short instance)
 {
-    const HardwareCall written = slowCall("refreshTwdmPloamPm", {static_cast<int>(action), instance});
+    const HardwareCall written = call("refreshTwdmPloamPm", {static_cast<int>(action), instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         core->updateTwdmPloamStats(instance,
                                    counterRecord<TwdmPloamCounters>(kClassTwdmPloamPm, instance, viewOf(action)));
@@ -246,7 +246,7 @@ int SimulatedHardware::refreshTwdmPloamPm(EnumOmciAction action, unsigned short 
 
 int SimulatedHardware::refreshTwdmTuningPm(EnumOmciAction action, unsigned short instance)
 {
-    const HardwareCall written = slowCall("refreshTwdmTuningPm", {static_cast<int>(action), instance});
+    const HardwareCall written = call("refreshTwdmTuningPm", {static_cast<int>(action), instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         core->updateTwdmTuningStats(instance,
                                     counterRecord<TwdmTuningCounters>(kClassTwdmTuningPm, instance, viewOf(action)));
@@ -256,7 +256,7 @@ int SimulatedHardware::refreshTwdmTuningPm(EnumOmciAction action, unsigned short
 
 int SimulatedHardware::refreshTwdmXgemPm(EnumOmciAction action, unsigned short instance)
 {
-    const HardwareCall written = slowCall("refreshTwdmXgemPm", {static_cast<int>(action), instance});
+    const HardwareCall written = call("refreshTwdmXgemPm", {static_cast<int>(action), instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         core->updateTwdmXgemStats(instance,
                                   counterRecord<TwdmXgemCounters>(kClassTwdmXgemPm, instance, viewOf(action)));
@@ -269,7 +269,7 @@ int SimulatedHardware::refreshEthernetFrameCounters(unsigned short classId, unsi
                                                     unsigned short parentInstance)
 {
     const HardwareCall written =
-        slowCall("refreshEthernetFrameCounters", {classId, instance, statsAction, parentClass, parentInstance});
+        call("refreshEthernetFrameCounters", {classId, instance, statsAction, parentClass, parentInstance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         const FrameCounters both = frameRecords(classId, instance, viewOf(statsAction));
         core->updateEthernetFrameExtendedPM(classId, instance, both.first, both.second);
@@ -282,7 +282,7 @@ int SimulatedHardware::refreshEthernetFrameCounters64(unsigned short classId, un
                                                       unsigned short parentInstance)
 {
     const HardwareCall written =
-        slowCall("refreshEthernetFrameCounters64", {classId, instance, statsAction, parentClass, parentInstance});
+        call("refreshEthernetFrameCounters64", {classId, instance, statsAction, parentClass, parentInstance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         const FrameCounters both = frameRecords(classId, instance, viewOf(statsAction));
         core->updateVeipExtendedPM(classId, instance, both.first, both.second);

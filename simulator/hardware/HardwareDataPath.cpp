@@ -67,7 +67,7 @@ constexpr unsigned char kNoLogicalPort = 255;
 int SimulatedHardware::findMacBridgePortByTp(unsigned char kind, unsigned short instance,
                                              OmciMeMacBridgePortConfigurationDataIf** port)
 {
-    HardwareCall written = slowCall("findMacBridgePortByTp", {kind, instance, nullptr});
+    HardwareCall written = call("findMacBridgePortByTp", {kind, instance, nullptr});
     if (kind == kFindByUni || kind == kFindByIpHost) {
         *port = findPort(kind, instance);
     } else if (kind == kFindByVlanFilter) {
@@ -83,6 +83,7 @@ int SimulatedHardware::removeUniService(OmciMePptpEthernetUniIf* uni)
     HardwareCall written = call("removeUniService", {entity(uni)});
     readStates(written, kUniStates, uni->getManagedEntityInstance());
     m_Services.removeUni(*uni);
+    serveServices(written);
     return 0;
 }
 
@@ -92,6 +93,7 @@ int SimulatedHardware::provisionUniService(OmciMePptpEthernetUniIf* uni)
     readStates(written, kUniStates, uni->getManagedEntityInstance());
     readVlanRules(written, *uni);
     m_Services.provisionUni(*uni);
+    serveServices(written);
     return 0;
 }
 
@@ -99,6 +101,7 @@ int SimulatedHardware::removeGemInterworkingTp(OmciMeGemInterworkingTpIf* interw
 {
     const HardwareCall written = call("removeGemInterworkingTp", {entity(interworkingTp)});
     m_Services.removeGem(interworkingTp->getManagedEntityInstance());
+    serveServices(written);
     return 0;
 }
 
@@ -106,6 +109,7 @@ int SimulatedHardware::removeMulticastGemInterworkingTp(OmciMeMulticastGemInterw
 {
     const HardwareCall written = call("removeMulticastGemInterworkingTp", {entity(interworkingTp)});
     m_Services.removeMulticastGem(interworkingTp->getManagedEntityInstance());
+    serveServices(written);
     return 0;
 }
 
@@ -114,6 +118,7 @@ int SimulatedHardware::removeTCont(OmciMeTContIf* tCont)
     HardwareCall written = call("removeTCont", {entity(tCont)});
     written.setRead("alloc_id", tCont->getAllocId(OMCI_ACTION_GET));
     m_Services.removeTCont(tCont->getManagedEntityInstance());
+    serveServices(written);
     return 0;
 }
 
@@ -121,6 +126,7 @@ int SimulatedHardware::removeBridgePortService(unsigned short instance)
 {
     const HardwareCall written = call("removeBridgePortService", {instance});
     m_Services.removePort(instance);
+    serveServices(written);
     return 0;
 }
 
@@ -130,6 +136,7 @@ int SimulatedHardware::removeMapperInterworkingTps(OmciMeMapperServiceProfile802
     HardwareCall written = call("removeMapperInterworkingTps", {entity(mapper), defaultTpPointer});
     written.setRead("old", oldPointersOf(*mapper));
     m_Services.changeMapper(*mapper);
+    serveServices(written);
     return 0;
 }
 
@@ -138,6 +145,7 @@ int SimulatedHardware::removeVeip(OmciMeVirtualEthernetInterfacePointIf* veip)
     HardwareCall written = call("removeVeip", {entity(veip)});
     readStates(written, kVeipStates, veip->getManagedEntityInstance());
     m_Services.removeVeip(veip->getManagedEntityInstance());
+    serveServices(written);
     return 0;
 }
 
@@ -145,6 +153,7 @@ int SimulatedHardware::provisionGemInterworkingTp(OmciMeGemInterworkingTpIf* int
 {
     const HardwareCall written = call("provisionGemInterworkingTp", {entity(interworkingTp)});
     m_Services.provisionGem(*interworkingTp);
+    serveServices(written);
     return 0;
 }
 
@@ -152,6 +161,7 @@ int SimulatedHardware::provisionMulticastGemInterworkingTp(OmciMeMulticastGemInt
 {
     const HardwareCall written = call("provisionMulticastGemInterworkingTp", {entity(interworkingTp)});
     m_Services.provisionMulticastGem(*interworkingTp);
+    serveServices(written);
     return 0;
 }
 
@@ -160,7 +170,12 @@ int SimulatedHardware::provisionBridgePort(OmciMeMacBridgePortConfigurationDataI
     HardwareCall written = call("provisionBridgePort", {entity(port)});
     readVlanRules(written, *port);
     m_Services.provisionPort(*port);
-    m_IpHosts.provision(*port, settings().dhcpServers, m_Core);
+    workLater(written, [this, told = m_Services.told(), host = IpHosts::read(*port)] {
+        m_Services.serve(told);
+        if (host) {
+            m_IpHosts.bringUp(*host, settings().dhcpServers, m_Core);
+        }
+    });
     return 0;
 }
 
@@ -169,6 +184,7 @@ int SimulatedHardware::provisionMapper(OmciMeMapperServiceProfile802_1PIf* mappe
     HardwareCall written = call("provisionMapper", {entity(mapper)});
     written.setRead("old", oldPointersOf(*mapper));
     m_Services.changeMapper(*mapper);
+    serveServices(written);
     return 0;
 }
 
@@ -177,6 +193,7 @@ int SimulatedHardware::provisionVeip(OmciMeVirtualEthernetInterfacePointIf* veip
     HardwareCall written = call("provisionVeip", {entity(veip)});
     readStates(written, kVeipStates, veip->getManagedEntityInstance());
     m_Services.provisionVeip(*veip);
+    serveServices(written);
     return 0;
 }
 
@@ -186,6 +203,7 @@ unsigned int SimulatedHardware::provisionEvcAndEvcMap(const std::string& evcName
 {
     const HardwareCall written =
         call("provisionEvcAndEvcMap", {evcName, evcVlan, evcMapName, matchVlan, priority, noTagRemoved, request});
+    workLater(written);
     return 0;
 }
 
@@ -193,6 +211,7 @@ int SimulatedHardware::setUniAutodetection(unsigned short instance, unsigned cha
 {
     HardwareCall written = call("setUniAutodetection", {instance, value});
     readStates(written, kUniStates, instance);
+    workLater(written);
     return 0;
 }
 
@@ -200,6 +219,7 @@ int SimulatedHardware::setGemPortAdminState(unsigned short instance, unsigned sh
 {
     const HardwareCall written = call("setGemPortAdminState", {instance, portId, state});
     m_Services.setGemState(instance, portId, state);
+    serveServices(written);
     return 0;
 }
 
@@ -208,24 +228,25 @@ int SimulatedHardware::setUniAdminState(unsigned short instance, unsigned char s
     HardwareCall written = call("setUniAdminState", {instance, state});
     readStates(written, kUniStates, instance);
     m_Services.setUniState(instance, state);
+    serveServices(written);
     return 0;
 }
 
 unsigned char SimulatedHardware::getUniOperationalState(EnumOmciAction action, unsigned short instance)
 {
-    const HardwareCall written = slowCall("getUniOperationalState", {static_cast<int>(action), instance});
+    const HardwareCall written = call("getUniOperationalState", {static_cast<int>(action), instance});
     return settings().uni(instance).operationalState;
 }
 
 unsigned int SimulatedHardware::getUniLinkSpeed(EnumOmciAction action, unsigned short instance)
 {
-    const HardwareCall written = slowCall("getUniLinkSpeed", {static_cast<int>(action), instance});
+    const HardwareCall written = call("getUniLinkSpeed", {static_cast<int>(action), instance});
     return settings().uni(instance).speed;
 }
 
 unsigned char SimulatedHardware::getUniDuplex(EnumOmciAction action, unsigned short instance)
 {
-    const HardwareCall written = slowCall("getUniDuplex", {static_cast<int>(action), instance});
+    const HardwareCall written = call("getUniDuplex", {static_cast<int>(action), instance});
     return settings().uni(instance).duplex;
 }
 
@@ -235,6 +256,7 @@ int SimulatedHardware::setVideoAdminState(unsigned short instance, unsigned char
     constexpr unsigned short firstVideoAni = 0x500;
     HardwareCall written = call("setVideoAdminState", {instance, state});
     readStates(written, instance >= firstVideoAni ? kVideoAniStates : kVideoUniStates, instance);
+    workLater(written);
     return 0;
 }
 
@@ -242,8 +264,7 @@ unsigned char SimulatedHardware::resolveDot1agLayer2Entity(unsigned short layer2
                                                            unsigned short* bridgeServiceProfile)
 {
     using Port = OmciMeMacBridgePortConfigurationDataIf;
-    HardwareCall written =
-        slowCall("resolveDot1agLayer2Entity", {layer2EntityPointer, layer2Type, *bridgeServiceProfile});
+    HardwareCall written = call("resolveDot1agLayer2Entity", {layer2EntityPointer, layer2Type, *bridgeServiceProfile});
     const Port* port = nullptr;
     bool exists = false;
     if (layer2Type == kLayer2BridgePort) {

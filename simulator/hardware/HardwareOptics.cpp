@@ -36,7 +36,7 @@ optics::Levels SimulatedHardware::opticalLevels(unsigned short instance) const
 
 int SimulatedHardware::refreshAniOpticalSignalLevel(unsigned short instance)
 {
-    const HardwareCall written = slowCall("refreshAniOpticalSignalLevel", {instance});
+    const HardwareCall written = call("refreshAniOpticalSignalLevel", {instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         core->updateAniGOpticalSignalLevel(instance, opticalLevels(instance).received);
     }
@@ -45,7 +45,7 @@ int SimulatedHardware::refreshAniOpticalSignalLevel(unsigned short instance)
 
 int SimulatedHardware::refreshAniTransmitOpticalLevel(unsigned short instance)
 {
-    const HardwareCall written = slowCall("refreshAniTransmitOpticalLevel", {instance});
+    const HardwareCall written = call("refreshAniTransmitOpticalLevel", {instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         core->updateAniGTransmitOpticalLevel(instance, opticalLevels(instance).transmitted);
     }
@@ -54,7 +54,7 @@ int SimulatedHardware::refreshAniTransmitOpticalLevel(unsigned short instance)
 
 int SimulatedHardware::refreshTwdmChannel(EnumOmciAction action, unsigned short instance)
 {
-    const HardwareCall written = slowCall("refreshTwdmChannel", {static_cast<int>(action), instance});
+    const HardwareCall written = call("refreshTwdmChannel", {static_cast<int>(action), instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         // The channels move only when they are told to: what was reported last still holds.
         core->updateTwdmChannel(instance, {storedOctet(instance, 0x8000), storedOctet(instance, 0x4000),
@@ -66,41 +66,48 @@ int SimulatedHardware::refreshTwdmChannel(EnumOmciAction action, unsigned short 
 int SimulatedHardware::applyTwdmSystemProfile(TwdmSystemProfile profile)
 {
     const HardwareCall written = call("applyTwdmSystemProfile", {values::to(profile)});
+    workLater(written);
     return 0;
 }
 
 int SimulatedHardware::setTwdmChannelPartitionIndex(unsigned short instance, unsigned char value)
 {
     const HardwareCall written = call("setTwdmChannelPartitionIndex", {instance, value});
+    workLater(written);
     return 0;
 }
 
 int SimulatedHardware::setTwdmChannelPartitionWaiverTimer(unsigned short instance, unsigned int value)
 {
     const HardwareCall written = call("setTwdmChannelPartitionWaiverTimer", {instance, value});
+    workLater(written);
     return 0;
 }
 
 int SimulatedHardware::setTwdmDownstreamTuningTimer(unsigned short instance, unsigned int value)
 {
     const HardwareCall written = call("setTwdmDownstreamTuningTimer", {instance, value});
+    workLater(written);
     return 0;
 }
 
 int SimulatedHardware::setTwdmLodsProtectionTimer(unsigned short instance, unsigned int value)
 {
     const HardwareCall written = call("setTwdmLodsProtectionTimer", {instance, value});
+    workLater(written);
     return 0;
 }
 
 int SimulatedHardware::setTwdmLodsReinitializationTimer(unsigned short instance, unsigned int value)
 {
     const HardwareCall written = call("setTwdmLodsReinitializationTimer", {instance, value});
+    workLater(written);
     return 0;
 }
 
 int SimulatedHardware::setTwdmUpstreamTuningTimer(unsigned short instance, unsigned int value)
 {
     const HardwareCall written = call("setTwdmUpstreamTuningTimer", {instance, value});
+    workLater(written);
     return 0;
 }

@@ -31,9 +31,11 @@ int SimulatedHardware::testOnu(unsigned short transactionId)
 {
     const HardwareCall written = call("testOnu", {transactionId});
     const auto outcome = settings().selfTest;
-    if (outcome && m_TestResult) {
-        std::array<unsigned char, omci::kBaselineContentLength> contents{};
-        m_TestResult(transactionId, kClassOnuG, contents.data(), omci::writeSelfTestResult(*outcome, contents.data()));
+    if (outcome && m_Test) {
+        workLater(written, [outcome = *outcome, sink = m_Test(transactionId, kClassOnuG)] {
+            std::array<unsigned char, omci::kBaselineContentLength> contents{};
+            sink(contents.data(), omci::writeSelfTestResult(outcome, contents.data()));
+        });
     }
     return 0;
 }
@@ -41,9 +43,14 @@ int SimulatedHardware::testOnu(unsigned short transactionId)
 int SimulatedHardware::testAni(unsigned short transactionId)
 {
     const HardwareCall written = call("testAni", {transactionId});
-    if (!settings().selfTest || !m_TestResult) {
-        return 0;
+    if (settings().selfTest && m_Test) {
+        workLater(written, [this, sink = m_Test(transactionId, kClassAniG)] { measureAni(sink); });
     }
+    return 0;
+}
+
+void SimulatedHardware::measureAni(const TestResultSink& sink) const
+{
     const OmciMeAniGIf* ani = OmciMeAniGIf::getFirstManagedEntityInstance();
     const optics::Levels levels = opticalLevels(ani == nullptr ? 0 : ani->getManagedEntityInstance());
     const optics::ModuleReadings readings = optics::readingsAfter(opticalAge());
@@ -54,6 +61,5 @@ int SimulatedHardware::testAni(unsigned short transactionId)
                                                        {kTypeBias, readings.bias},
                                                        {kTypeTemperature, readings.temperature}}},
                                                      contents.data());
-    m_TestResult(transactionId, kClassAniG, contents.data(), length);
-    return 0;
+    sink(contents.data(), length);
 }

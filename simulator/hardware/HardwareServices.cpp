@@ -31,7 +31,7 @@ int SimulatedHardware::sendRemoteDebugCommand(const unsigned char* command)
 
 std::vector<unsigned char> SimulatedHardware::getRemoteDebugReply()
 {
-    const HardwareCall written = slowCall("getRemoteDebugReply", {});
+    const HardwareCall written = call("getRemoteDebugReply", {});
     return settings().debugReply.value_or(m_DebugReply);
 }
 
@@ -40,7 +40,7 @@ int SimulatedHardware::getStatusPortalMessage(EnumOmciAction action, unsigned sh
     constexpr std::size_t recordSize = 512;
     constexpr std::size_t textOffset = 18;
     constexpr std::size_t textSize = 256;
-    HardwareCall written = slowCall("getStatusPortalMessage", {static_cast<int>(action), instance, nullptr});
+    HardwareCall written = call("getStatusPortalMessage", {static_cast<int>(action), instance, nullptr});
     const std::string text = settings().statusMessage.value_or("portal " + std::to_string(instance) + " in service");
     std::memcpy(buffer + textOffset, text.data(), std::min(text.size(), textSize));
     written.setArgument(2, toHex(buffer, recordSize));

@@ -160,8 +160,8 @@ const std::map<std::string, Member>& members()
         {"throw", [](HardwareSettings& settings, const Json& json) { applyThrowing(settings.throwing, json); }},
         {"delay_ms",
          [](HardwareSettings& settings, const Json& json) {
-             constexpr std::uint64_t longest = 600000;
-             settings.delayMilliseconds = static_cast<unsigned int>(values::unsignedNumber(json, longest, "delay_ms"));
+             settings.delayMilliseconds =
+                 static_cast<unsigned int>(values::unsignedNumber(json, HardwareSettings::kLongestDelay, "delay_ms"));
          }},
     };
     return all;

@@ -47,8 +47,9 @@ struct HardwareSettings
     std::optional<std::vector<unsigned char>> debugReply;
     /// Operations that throw when called.
     std::set<std::string> throwing;
-    /// How long the hardware takes for an answer.
+    /// How long after a call its work is done, where nobody waits for it.
     unsigned int delayMilliseconds = 0;
+    static constexpr unsigned int kLongestDelay = 600000;
 
     Uni uni(unsigned short instance) const;
     optics::FixedLevels ani(unsigned short instance) const;

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <chrono>
 #include <stdexcept>
-#include <thread>
+#include <utility>
 
 #include "JsonValues.h"
 #include "OmciMessage.h"
@@ -28,13 +28,24 @@ HardwareCall SimulatedHardware::call(const char* operation, std::initializer_lis
     return HardwareCall(m_Recorder, operation, arguments);
 }
 
-HardwareCall SimulatedHardware::slowCall(const char* operation, std::initializer_list<Json> arguments)
+void SimulatedHardware::workLater(const HardwareCall& call, HardwareWork::Action action)
 {
-    const unsigned int delay = settings().delayMilliseconds;
-    if (delay != 0) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(delay));
+    std::chrono::milliseconds delay{};
+    {
+        const std::lock_guard<std::mutex> lock(m_Mutex);
+        delay = std::chrono::milliseconds(m_Settings.delayMilliseconds);
     }
-    return call(operation, arguments);
+    m_Work.add(call, delay, std::move(action));
+}
+
+void SimulatedHardware::serveServices(const HardwareCall& call)
+{
+    workLater(call, [this, told = m_Services.told()] { m_Services.serve(told); });
+}
+
+void SimulatedHardware::serveLines(const HardwareCall& call)
+{
+    workLater(call, [this, told = m_PhoneLines.told()] { m_PhoneLines.serve(told); });
 }
 
 void SimulatedHardware::change(const Json& request)
@@ -145,6 +156,10 @@ int SimulatedHardware::resetDataPathConfiguration()
     m_Services.clear();
     // Lines that led to no user and no media profile have had no removal of their own.
     m_PhoneLines.removeAll();
+    workLater(written, [this, services = m_Services.told(), lines = m_PhoneLines.told()] {
+        m_Services.serve(services);
+        m_PhoneLines.serve(lines);
+    });
     return 0;
 }
 
@@ -162,7 +177,7 @@ bool SimulatedHardware::endSoftwareImageDownload(unsigned char* imageStorage)
 {
     // How long the image is, only the library knows: its first byte stands for it.
     const Json image = imageStorage == nullptr ? Json(nullptr) : Json(toHex(imageStorage, 1));
-    const HardwareCall written = slowCall("endSoftwareImageDownload", {image});
+    const HardwareCall written = call("endSoftwareImageDownload", {image});
     return settings().isImageValid;
 }
 
@@ -181,6 +196,7 @@ int SimulatedHardware::notifySoftwareDownloadStatus(unsigned char status)
 int SimulatedHardware::setBatteryBackup(unsigned char value)
 {
     const HardwareCall written = call("setBatteryBackup", {value});
+    workLater(written);
     return 0;
 }
 

@@ -40,13 +40,14 @@ Json SimulatedHardware::describeLines() const
 void SimulatedHardware::forgetServices()
 {
     m_Services.clear();
+    m_Services.serve(m_Services.told());
     m_PhoneLines.clear();
     m_IpHosts.clear();
 }
 
 int SimulatedHardware::refreshVoipLineStatus(EnumOmciAction action, unsigned short instance)
 {
-    const HardwareCall written = slowCall("refreshVoipLineStatus", {static_cast<int>(action), instance});
+    const HardwareCall written = call("refreshVoipLineStatus", {static_cast<int>(action), instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         // A line that nobody knows more of stays as it was last reported.
         core->updateVoipLineStatus(
@@ -57,7 +58,7 @@ int SimulatedHardware::refreshVoipLineStatus(EnumOmciAction action, unsigned sho
 
 int SimulatedHardware::refreshPotsUni(EnumOmciAction action, unsigned short instance)
 {
-    const HardwareCall written = slowCall("refreshPotsUni", {static_cast<int>(action), instance});
+    const HardwareCall written = call("refreshPotsUni", {static_cast<int>(action), instance});
     if (OmciManagedEntitiesCore* core = reportee()) {
         pptpPotsUniGetAttr attributes{};
         attributes.OperationalState = stored<unsigned char>(kClassPptpPotsUni, instance, 0x80);
@@ -76,6 +77,7 @@ int SimulatedHardware::removeVoipMediaProfile(OmciMeVoipMediaProfileIf* profile)
 {
     const HardwareCall written = call("removeVoipMediaProfile", {entity(profile)});
     m_PhoneLines.removeMediaProfile(profile->getManagedEntityInstance());
+    serveLines(written);
     return 0;
 }
 
@@ -83,6 +85,7 @@ int SimulatedHardware::removeSipUser(OmciMeSipUserDataIf* user)
 {
     const HardwareCall written = call("removeSipUser", {entity(user)});
     m_PhoneLines.removeUser(user->getManagedEntityInstance());
+    serveLines(written);
     return 0;
 }
 
@@ -90,6 +93,7 @@ int SimulatedHardware::removeSipAgent(OmciMeSipAgentConfigDataIf* agent)
 {
     const HardwareCall written = call("removeSipAgent", {entity(agent)});
     m_PhoneLines.removeAgent(agent->getManagedEntityInstance());
+    serveLines(written);
     return 0;
 }
 
@@ -97,6 +101,7 @@ int SimulatedHardware::provisionVoipVoiceCtp(OmciMeVoipVoiceCTPIf* voiceCtp)
 {
     HardwareCall written = call("provisionVoipVoiceCtp", {entity(voiceCtp)});
     written.setRead("line", m_PhoneLines.provision(*voiceCtp).description);
+    serveLines(written);
     return 0;
 }
 
@@ -105,17 +110,20 @@ int SimulatedHardware::provisionSipAgent(OmciMeSipAgentConfigDataIf* agent)
     HardwareCall written = call("provisionSipAgent", {entity(agent)});
     written.setRead("agent", describeSipAgent(*agent));
     written.setRead("voice_ctps", m_PhoneLines.provisionAgent(agent->getManagedEntityInstance()));
+    serveLines(written);
     return 0;
 }
 
 int SimulatedHardware::applyPotsUni(unsigned short instance, unsigned int word, unsigned char txGain)
 {
     const HardwareCall written = call("applyPotsUni", {instance, word, txGain});
+    workLater(written);
     return 0;
 }
 
 int SimulatedHardware::applyVoipConfig(unsigned short instance, unsigned int word1, unsigned int word2)
 {
     const HardwareCall written = call("applyVoipConfig", {instance, word1, word2});
+    workLater(written);
     return 0;
 }

@@ -91,30 +91,37 @@ void IpHosts::work(unsigned short instance, Host& host, const IpAddressing& addr
     }
 }
 
-void IpHosts::provision(const OmciMeMacBridgePortConfigurationDataIf& port, const Servers& servers,
-                        OmciManagedEntitiesCore* core)
+std::optional<IpHosts::Order> IpHosts::read(const OmciMeMacBridgePortConfigurationDataIf& port)
 {
-    if (port.getTpType(OMCI_ACTION_GET) != kTpTypeIpHost) {
-        return;
-    }
     const unsigned short instance = port.getTpPointer(OMCI_ACTION_GET);
-    const auto* entity = OmciMeIpHostConfigDataIf::getManagedEntityInstance(instance);
+    const auto* entity = port.getTpType(OMCI_ACTION_GET) == kTpTypeIpHost
+                             ? OmciMeIpHostConfigDataIf::getManagedEntityInstance(instance)
+                             : nullptr;
     if (entity == nullptr) {
-        return;
+        return std::nullopt;
     }
     const unsigned char options = entity->getIpOptions(OMCI_ACTION_GET);
-    Host& host = m_Hosts[instance];
-    host.bridgePort = port.getManagedEntityInstance();
-    IpAddressing addressing;
-    host.mode = Mode::Off;
+    Order order{instance, port.getManagedEntityInstance(), Mode::Off, configuredFor(*entity)};
     if ((options & kOptionIpStack) != 0 && (options & kOptionDhcp) != 0) {
-        host.mode = Mode::Dhcp;
-        addressing = leaseOf(instance, servers);
-    } else if ((options & kOptionIpStack) != 0 && configuredFor(*entity).isComplete()) {
-        host.mode = Mode::Static;
-        addressing = configuredFor(*entity);
+        order.mode = Mode::Dhcp;
+    } else if ((options & kOptionIpStack) != 0 && order.configured.isComplete()) {
+        order.mode = Mode::Static;
     }
-    work(instance, host, addressing, core);
+    return order;
+}
+
+void IpHosts::bringUp(const Order& order, const Servers& servers, OmciManagedEntitiesCore* core)
+{
+    if (OmciMeIpHostConfigDataIf::getManagedEntityInstance(order.instance) == nullptr) {
+        return;
+    }
+    Host& host = m_Hosts[order.instance];
+    host.bridgePort = order.bridgePort;
+    host.mode = order.mode;
+    const IpAddressing addressing = order.mode == Mode::Dhcp     ? leaseOf(order.instance, servers)
+                                    : order.mode == Mode::Static ? order.configured
+                                                                 : IpAddressing();
+    work(order.instance, host, addressing, core);
 }
 
 void IpHosts::renew(const Servers& servers, OmciManagedEntitiesCore* core)

@@ -2,6 +2,7 @@
 #define SIMULATOR_HARDWARE_IP_HOSTS_H
 
 #include <map>
+#include <optional>
 
 #include "hardware/DhcpSettings.h"
 
@@ -15,11 +16,25 @@ class IpHosts
 {
 public:
     using Servers = std::map<unsigned short, DhcpSettings>;
+    enum class Mode
+    {
+        Off,
+        Static,
+        Dhcp
+    };
+    /// How a host is to work.
+    struct Order
+    {
+        unsigned short instance;
+        unsigned short bridgePort;
+        Mode mode;
+        IpAddressing configured;  ///< by the OLT
+    };
 
-    /// What a bridge port that has just been provisioned means for the host behind it, if it has one. `core` may be
-    /// null: nothing is reported then.
-    void provision(const OmciMeMacBridgePortConfigurationDataIf& port, const Servers& servers,
-                   OmciManagedEntitiesCore* core);
+    /// What a bridge port that has just been provisioned means for the host behind it, if it has one.
+    static std::optional<Order> read(const OmciMeMacBridgePortConfigurationDataIf& port);
+    /// The host works so. `core` may be null: nothing is reported then.
+    void bringUp(const Order& order, const Servers& servers, OmciManagedEntitiesCore* core);
     /// Hosts under DHCP ask again.
     void renew(const Servers& servers, OmciManagedEntitiesCore* core);
     /// All hosts go down, as at a reboot.
@@ -29,12 +44,6 @@ public:
     Json describe() const;
 
 private:
-    enum class Mode
-    {
-        Off,
-        Static,
-        Dhcp
-    };
     struct Host
     {
         Mode mode = Mode::Off;

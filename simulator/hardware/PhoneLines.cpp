@@ -56,16 +56,16 @@ const PhoneLine& PhoneLines::provision(const OmciMeVoipVoiceCTPIf& voiceCtp)
 {
     PhoneLine line = readPhoneLine(voiceCtp);
     if (line.isComplete()) {
-        m_ServedPorts.insert(line.potsPort);
+        m_Told.servedPorts.insert(line.potsPort);
     }
-    return m_Lines[line.voiceCtp] = std::move(line);
+    return m_Told.byVoiceCtp[line.voiceCtp] = std::move(line);
 }
 
 Json PhoneLines::provisionAgent(unsigned short agent)
 {
-    m_RemovedAgents.erase(agent);
+    m_Told.removedAgents.erase(agent);
     Json voiceCtps = Json::array();
-    for (const auto& entry : m_Lines) {
+    for (const auto& entry : m_Told.byVoiceCtp) {
         // A line whose voice CTP was deleted stays as it was: the delete does not take it down.
         const auto* voiceCtp = OmciMeVoipVoiceCTPIf::getManagedEntityInstance(entry.first);
         if (voiceCtp != nullptr && provision(*voiceCtp).agent == agent) {
@@ -77,26 +77,25 @@ Json PhoneLines::provisionAgent(unsigned short agent)
 
 void PhoneLines::removeUser(unsigned short user)
 {
-    eraseLines(m_Lines, [user](const PhoneLine& line) { return line.user == user; });
+    eraseLines(m_Told.byVoiceCtp, [user](const PhoneLine& line) { return line.user == user; });
 }
 
 void PhoneLines::removeMediaProfile(unsigned short profile)
 {
-    eraseLines(m_Lines, [profile](const PhoneLine& line) { return line.mediaProfile == profile; });
+    eraseLines(m_Told.byVoiceCtp, [profile](const PhoneLine& line) { return line.mediaProfile == profile; });
 }
 
 void PhoneLines::removeAgent(unsigned short agent)
 {
-    m_RemovedAgents.insert(agent);
+    m_Told.removedAgents.insert(agent);
 }
 
 void PhoneLines::clear()
 {
-    m_Lines.clear();
-    m_RemovedAgents.clear();
+    m_Told = {};
+    m_Served = {};
     m_ReportedStatus.clear();
     m_ReportedHook.clear();
-    m_ServedPorts.clear();
 }
 
 void PhoneLines::forgetReports(unsigned short port)
@@ -107,14 +106,15 @@ void PhoneLines::forgetReports(unsigned short port)
 
 const PhoneLine* PhoneLines::lineOn(unsigned short port) const
 {
-    const auto found = std::find_if(m_Lines.begin(), m_Lines.end(),
-                                    [port](const auto& entry) { return entry.second.potsPort == port; });
-    return found == m_Lines.end() ? nullptr : &found->second;
+    const auto& lines = m_Served.byVoiceCtp;
+    const auto found =
+        std::find_if(lines.begin(), lines.end(), [port](const auto& entry) { return entry.second.potsPort == port; });
+    return found == lines.end() ? nullptr : &found->second;
 }
 
 bool PhoneLines::isRegistered(const PhoneLine& line) const
 {
-    return line.isComplete() && m_RemovedAgents.count(line.agent) == 0;
+    return line.isComplete() && m_Served.removedAgents.count(line.agent) == 0;
 }
 
 const PotsSettings* PhoneLines::phone(unsigned short port, const Ports& ports) const
@@ -142,7 +142,7 @@ VoipLineStatusData PhoneLines::measure(const PhoneLine* line, const PotsSettings
 std::optional<VoipLineStatusData> PhoneLines::status(unsigned short port, const Ports& ports) const
 {
     const auto driven = ports.find(port);
-    if (m_ReportedStatus.count(port) != 0 || (driven == ports.end() && m_ServedPorts.count(port) == 0)) {
+    if (m_ReportedStatus.count(port) != 0 || (driven == ports.end() && m_Served.servedPorts.count(port) == 0)) {
         return std::nullopt;
     }
     return measure(lineOn(port), driven == ports.end() ? PotsSettings() : driven->second);
@@ -181,7 +181,7 @@ Json PhoneLines::describe(const Ports& ports) const
          port = OmciMePptpPotsUniIf::getNextManagedEntityInstance(port->getManagedEntityInstance())) {
         all.push_back(describePort(port->getManagedEntityInstance(), ports));
     }
-    for (const auto& entry : m_Lines) {
+    for (const auto& entry : m_Served.byVoiceCtp) {
         const unsigned short port = entry.second.potsPort;
         const bool isShown =
             OmciMePptpPotsUniIf::getManagedEntityInstance(port) != nullptr && lineOn(port) == &entry.second;

@@ -4,19 +4,32 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <utility>
 
 #include "StatusRecords.h"
 #include "hardware/PhoneLine.h"
 #include "hardware/PotsSettings.h"
 
 /// The voice stack of the simulated ONU: the lines that it was told to serve, as the MIB stood at the last provisioning
-/// call, and what their phones do. On the OMCI thread.
+/// call, and what their phones do. What it was told it serves once `serve` says so. On the OMCI thread.
 class PhoneLines
 {
 public:
     using Ports = std::map<unsigned short, PotsSettings>;
 
-    /// Reads the line anew and serves it from now on.
+    /// The lines, as the library has them.
+    struct Lines
+    {
+        /// By voice CTP.
+        std::map<unsigned short, PhoneLine> byVoiceCtp;
+        std::set<unsigned short> removedAgents;
+        /// Ports that had a line once: without one they say so.
+        std::set<unsigned short> servedPorts;
+    };
+
+    /// @name What the library tells
+    /// @{
+    /// Reads the line anew.
     const PhoneLine& provision(const OmciMeVoipVoiceCTPIf& voiceCtp);
     /// Reads the lines of an agent anew, and yields their voice CTPs.
     Json provisionAgent(unsigned short agent);
@@ -24,7 +37,12 @@ public:
     void removeUser(unsigned short user);
     void removeMediaProfile(unsigned short profile);
     void removeAgent(unsigned short agent);
-    void removeAll() { m_Lines.clear(); }
+    void removeAll() { m_Told.byVoiceCtp.clear(); }
+    /// @}
+    /// Everything that it has been told up to now.
+    const Lines& told() const { return m_Told; }
+    /// From now on these are served.
+    void serve(Lines lines) { m_Served = std::move(lines); }
     /// As at a reboot: nothing is known any more.
     void clear();
 
@@ -52,13 +70,10 @@ private:
     Json describePort(unsigned short port, const Ports& ports) const;
     Json describeLine(const PhoneLine& line) const;
 
-    /// By voice CTP.
-    std::map<unsigned short, PhoneLine> m_Lines;
-    std::set<unsigned short> m_RemovedAgents;
+    Lines m_Told;
+    Lines m_Served;
     std::set<unsigned short> m_ReportedStatus;
     std::set<unsigned short> m_ReportedHook;
-    /// Ports that had a line once: without one they say so.
-    std::set<unsigned short> m_ServedPorts;
 };
 
 #endif

@@ -13,6 +13,7 @@
 #include "hardware/CounterReports.h"
 #include "hardware/HardwareCall.h"
 #include "hardware/HardwareSettings.h"
+#include "hardware/HardwareWork.h"
 #include "hardware/IpHosts.h"
 #include "hardware/Optics.h"
 #include "hardware/PhoneLines.h"
@@ -25,14 +26,16 @@ class PerformanceMonitoring;
 /// entries within the call, and finds what it needs of the MIB by itself.
 ///
 /// Calls come on the library's thread; notifySoftwareDownloadStatus on the image writer's and timers' threads too.
-/// A delay (HardwareSettings) holds up reads and refreshes only, which the library waits for; what it pushes is done
-/// when the call returns.
+/// A delay (HardwareSettings) holds up what the library pushes and waits for nobody's sake: provisioning, removal,
+/// settings and self-tests are read from the MIB during the call and take effect later, in the order of the calls. What
+/// the library or the OLT counts on afterwards is done when the call returns: reads and refreshes, the clock, counters
+/// that begin or are cleared, debug commands, messages to the OLT.
 class SimulatedHardware : public OmciHardwareIfc
 {
 public:
     /// The clock is not owned. `timeScale`: how many times faster than the clock the optical module ages.
     SimulatedHardware(HardwareRecorder& recorder, OnuClock& clock, double timeScale)
-        : m_Recorder(recorder), m_Clock(clock), m_TimeScale(timeScale)
+        : m_Recorder(recorder), m_Clock(clock), m_TimeScale(timeScale), m_Work(recorder)
     {}
 
     /// Where reports go; null: nowhere (the library is not up). Not owned.
@@ -45,10 +48,11 @@ public:
     /// Counters that a source was told; nothing when it never was.
     std::optional<counters::Values> toldCountersOf(const PmSource& source) const;
 
-    /// The contents of a test result message, to go out after the reply to the test with that transaction id.
-    using TestResultSink = std::function<void(unsigned short transactionId, unsigned short classId,
-                                              const unsigned char* contents, std::size_t length)>;
-    void onTestResult(TestResultSink sink) { m_TestResult = std::move(sink); }
+    /// Takes the contents of a test result message, which goes out after the reply to the test.
+    using TestResultSink = std::function<void(const unsigned char* contents, std::size_t length)>;
+    /// Called when a test begins: yields where its result goes.
+    using TestSink = std::function<TestResultSink(unsigned short transactionId, unsigned short classId)>;
+    void onTest(TestSink sink) { m_Test = std::move(sink); }
     /// Yields the time of the synchronize time request that is under way; nothing when it holds no date.
     void setTimeOfDaySource(std::function<std::optional<std::time_t>()> source) { m_TimeOfDay = std::move(source); }
 
@@ -65,6 +69,8 @@ public:
     int reportLink(unsigned short instance, const HardwareSettings::Uni& uni);
     /// What was reported through an update entry is what this hardware measured: later refreshes report it again.
     void remember(const std::string& entry, const Json& arguments);
+    /// What is still to be done for earlier calls.
+    HardwareWork& work() { return m_Work; }
     /// What the data path serves.
     const ServiceModel& services() const { return m_Services; }
     /// What it answers, as it is now.
@@ -168,8 +174,12 @@ public:
 
 private:
     HardwareCall call(const char* operation, std::initializer_list<Json> arguments);
-    /// The call of an operation that the library waits for.
-    HardwareCall slowCall(const char* operation, std::initializer_list<Json> arguments);
+    /// What the hardware has to do for a call that does not wait for it. Without an action: nothing that shows.
+    void workLater(
+        const HardwareCall& call, HardwareWork::Action action = [] {});
+    /// What the data path, or the voice stack, was told up to this call.
+    void serveServices(const HardwareCall& call);
+    void serveLines(const HardwareCall& call);
     int reserved(const char* operation);
     /// Where a refresh is to be answered: null when it is not.
     OmciManagedEntitiesCore* reportee() const;
@@ -179,6 +189,7 @@ private:
     /// How old the optical module is in its own, scaled time.
     std::chrono::seconds opticalAge() const;
     optics::Levels opticalLevels(unsigned short instance) const;
+    void measureAni(const TestResultSink& sink) const;
     void rememberLine(const std::string& entry, const Json& arguments);
     void changePhones(const Json& request);
     /// Counters of the class and instance were told.
@@ -192,11 +203,12 @@ private:
     HardwareRecorder& m_Recorder;
     OnuClock& m_Clock;
     double m_TimeScale;
+    HardwareWork m_Work;
     OmciManagedEntitiesCore* m_Core = nullptr;
     PerformanceMonitoring* m_PerformanceMonitoring = nullptr;
     std::function<void(OmciMessage&)> m_AttributeValueChange;
     ServiceModel m_Services;
-    TestResultSink m_TestResult;
+    TestSink m_Test;
     std::function<std::string(const std::string&)> m_DebugService;
     std::vector<unsigned char> m_DebugReply;
     std::function<std::optional<std::time_t>()> m_TimeOfDay;

@@ -3,7 +3,7 @@
 
 #include <chrono>
 
-#include "EventLoop.h"
+#include "LoopTimer.h"
 #include "pm/PerformanceMonitoring.h"
 
 /// Lets the time of performance monitoring pass with that of the machine, `timeScale` times as fast, on the loop's
@@ -21,16 +21,15 @@ public:
     void rearm();
 
 private:
-    using Clock = std::chrono::steady_clock;
+    using Clock = LoopTimer::Clock;
 
     void catchUp();
 
-    EventLoop& m_Loop;
     PerformanceMonitoring& m_Counting;
     double m_TimeScale;
     /// Up to when the time was handed over.
     Clock::time_point m_HandedOver = Clock::now();
-    Descriptor m_Timer;
+    LoopTimer m_Timer;
 };
 
 #endif

@@ -1,5 +1,7 @@
 #include "services/ServiceModel.h"
 
+#include <utility>
+
 #include "ProgramLog.h"
 
 namespace {
@@ -8,53 +10,47 @@ constexpr unsigned char kUnlocked = 0;
 
 void ServiceModel::clear()
 {
-    m_Records = {};
-    logChanges();
+    m_Told = {};
 }
 
 void ServiceModel::provisionUni(const OmciMePptpEthernetUniIf& uni)
 {
-    services::SubscriberPort& port = m_Records.unis[uni.getManagedEntityInstance()];
+    services::SubscriberPort& port = m_Told.unis[uni.getManagedEntityInstance()];
     port.isUnlocked = uni.getAdministrativeState(OMCI_ACTION_GET) == kUnlocked;
     port.isProvisioned = true;
     port.rules = services::readVlanRules(services::ON_UNI, uni.getManagedEntityInstance());
-    logChanges();
 }
 
 void ServiceModel::removeUni(const OmciMePptpEthernetUniIf& uni)
 {
-    services::SubscriberPort& port = m_Records.unis[uni.getManagedEntityInstance()];
+    services::SubscriberPort& port = m_Told.unis[uni.getManagedEntityInstance()];
     port.isUnlocked = uni.getAdministrativeState(OMCI_ACTION_GET) == kUnlocked;
     port.isProvisioned = false;
     port.rules.clear();
-    logChanges();
 }
 
 void ServiceModel::setUniState(unsigned short instance, unsigned char administrativeState)
 {
-    m_Records.unis[instance].isUnlocked = administrativeState == kUnlocked;
-    logChanges();
+    m_Told.unis[instance].isUnlocked = administrativeState == kUnlocked;
 }
 
 void ServiceModel::provisionVeip(const OmciMeVirtualEthernetInterfacePointIf& veip)
 {
-    services::SubscriberPort& port = m_Records.veips[veip.getManagedEntityInstance()];
+    services::SubscriberPort& port = m_Told.veips[veip.getManagedEntityInstance()];
     port.isUnlocked = true;
     port.isProvisioned = true;
     port.rules = services::readVlanRules(services::ON_VEIP, veip.getManagedEntityInstance());
-    logChanges();
 }
 
 void ServiceModel::removeVeip(unsigned short instance)
 {
-    m_Records.veips[instance] = {};
-    logChanges();
+    m_Told.veips[instance] = {};
 }
 
 void ServiceModel::provisionPort(const OmciMeMacBridgePortConfigurationDataIf& port)
 {
     const services::BridgePort read = services::readBridgePort(port);
-    m_Records.ports[port.getManagedEntityInstance()] = read;
+    m_Told.ports[port.getManagedEntityInstance()] = read;
     if (read.tpType == services::TP_TYPE_MAPPER) {
         readMapperAgain(read.tpPointer);
     } else if (read.tpType == services::TP_TYPE_GEM) {
@@ -62,32 +58,29 @@ void ServiceModel::provisionPort(const OmciMeMacBridgePortConfigurationDataIf& p
     } else if (read.tpType == services::TP_TYPE_MULTICAST_GEM) {
         readMulticastGemAgain(read.tpPointer);
     }
-    logChanges();
 }
 
 void ServiceModel::removePort(unsigned short instance)
 {
-    if (m_Records.ports.erase(instance) == 0) {
-        m_Records.mappers.erase(instance);
+    if (m_Told.ports.erase(instance) == 0) {
+        m_Told.mappers.erase(instance);
     }
-    logChanges();
 }
 
 void ServiceModel::changeMapper(const OmciMeMapperServiceProfile802_1PIf& mapper)
 {
     readMapperAgain(mapper.getManagedEntityInstance());
-    logChanges();
 }
 
 void ServiceModel::readMapperAgain(unsigned short instance)
 {
     const auto* mapper = OmciMeMapperServiceProfile802_1PIf::getManagedEntityInstance(instance);
     if (mapper == nullptr) {
-        m_Records.mappers.erase(instance);
+        m_Told.mappers.erase(instance);
         return;
     }
     const services::Mapper read = services::readMapper(*mapper);
-    m_Records.mappers[instance] = read;
+    m_Told.mappers[instance] = read;
     for (const unsigned short tp : read.tps) {
         readGemAgain(tp);
     }
@@ -97,8 +90,8 @@ void ServiceModel::readMapperAgain(unsigned short instance)
 void ServiceModel::readGemAgain(unsigned short instance)
 {
     const auto* interworkingTp = OmciMeGemInterworkingTpIf::getManagedEntityInstance(instance);
-    const auto known = m_Records.gems.find(instance);
-    if (interworkingTp != nullptr && known != m_Records.gems.end()) {
+    const auto known = m_Told.gems.find(instance);
+    if (interworkingTp != nullptr && known != m_Told.gems.end()) {
         known->second = services::readGemService(interworkingTp->getGemPortNetworkCtpConnPointer(OMCI_ACTION_GET));
     }
 }
@@ -106,65 +99,65 @@ void ServiceModel::readGemAgain(unsigned short instance)
 void ServiceModel::readMulticastGemAgain(unsigned short instance)
 {
     const auto* interworkingTp = OmciMeMulticastGemInterworkingTpIf::getManagedEntityInstance(instance);
-    const auto known = m_Records.multicastGems.find(instance);
-    if (interworkingTp != nullptr && known != m_Records.multicastGems.end()) {
+    const auto known = m_Told.multicastGems.find(instance);
+    if (interworkingTp != nullptr && known != m_Told.multicastGems.end()) {
         known->second = services::readGemService(interworkingTp->getGemPortNetworkCtpConnPointer(OMCI_ACTION_GET));
     }
 }
 
 void ServiceModel::provisionGem(const OmciMeGemInterworkingTpIf& interworkingTp)
 {
-    m_Records.gems[interworkingTp.getManagedEntityInstance()] =
+    m_Told.gems[interworkingTp.getManagedEntityInstance()] =
         services::readGemService(interworkingTp.getGemPortNetworkCtpConnPointer(OMCI_ACTION_GET));
-    logChanges();
 }
 
 void ServiceModel::removeGem(unsigned short instance)
 {
-    m_Records.gems.erase(instance);
-    logChanges();
+    m_Told.gems.erase(instance);
 }
 
 void ServiceModel::provisionMulticastGem(const OmciMeMulticastGemInterworkingTpIf& interworkingTp)
 {
-    m_Records.multicastGems[interworkingTp.getManagedEntityInstance()] =
+    m_Told.multicastGems[interworkingTp.getManagedEntityInstance()] =
         services::readGemService(interworkingTp.getGemPortNetworkCtpConnPointer(OMCI_ACTION_GET));
-    logChanges();
 }
 
 void ServiceModel::removeMulticastGem(unsigned short instance)
 {
-    m_Records.multicastGems.erase(instance);
-    logChanges();
+    m_Told.multicastGems.erase(instance);
 }
 
 void ServiceModel::setGemState(unsigned short instance, unsigned short portId, unsigned char administrativeState)
 {
-    for (auto* gems : {&m_Records.gems, &m_Records.multicastGems}) {
+    for (auto* gems : {&m_Told.gems, &m_Told.multicastGems}) {
         const auto found = gems->find(instance);
         if (found != gems->end() && found->second.gem && found->second.gem->portId == portId) {
             found->second.isUnlocked = administrativeState == kUnlocked;
             break;
         }
     }
-    logChanges();
 }
 
 void ServiceModel::removeTCont(unsigned short instance)
 {
-    for (auto* gems : {&m_Records.gems, &m_Records.multicastGems}) {
+    for (auto* gems : {&m_Told.gems, &m_Told.multicastGems}) {
         for (auto& [interworkingTp, service] : *gems) {
             if (service.gem && service.gem->tCont == instance) {
                 service.gem->allocId.reset();
             }
         }
     }
+}
+
+void ServiceModel::serve(services::Records records)
+{
+    m_Served = std::move(records);
     logChanges();
 }
 
 Json ServiceModel::toJson() const
 {
-    return services::toJson(m_Records);
+    return services::toJson(m_Served);
 }
 
 void ServiceModel::logChanges()

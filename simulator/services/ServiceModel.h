@@ -17,13 +17,15 @@
 ///
 /// It learns as a board does: what it is told of, it reads then, from the entity handed over along the pointers to GEM
 /// ports and T-CONTs. A later Set changes nothing here until the library tells of it. Pointers are followed once, each
-/// to another class, so that no loop of them can catch it; one that leads nowhere is reported as missing.
+/// to another class, so that no loop of them can catch it; one that leads nowhere is reported as missing. What it was
+/// told it serves once `serve` says so, for a board may take its time.
 class ServiceModel
 {
 public:
+    /// @name What the library tells
+    /// @{
     /// Everything is forgotten.
     void clear();
-
     void provisionUni(const OmciMePptpEthernetUniIf& uni);
     void removeUni(const OmciMePptpEthernetUniIf& uni);
     void setUniState(unsigned short instance, unsigned char administrativeState);
@@ -41,8 +43,14 @@ public:
     /// A unicast GEM interworking TP or, where there is none of the number with that port id, a multicast one.
     void setGemState(unsigned short instance, unsigned short portId, unsigned char administrativeState);
     void removeTCont(unsigned short instance);
+    /// @}
 
-    /// {"ethernet_unis":[...],"veips":[...],"bridge_ports":[...]}, each in order of instance.
+    /// Everything that it has been told up to now.
+    const services::Records& told() const { return m_Told; }
+    /// From now on these are served.
+    void serve(services::Records records);
+
+    /// What is served: {"ethernet_unis":[...],"veips":[...],"bridge_ports":[...]}, each in order of instance.
     Json toJson() const;
 
 private:
@@ -52,7 +60,8 @@ private:
     /// Says what has changed since the last time.
     void logChanges();
 
-    services::Records m_Records;
+    services::Records m_Told;
+    services::Records m_Served;
     /// The last line about each port.
     std::map<std::string, services::PortLine> m_Logged;
 };
