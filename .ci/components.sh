@@ -89,6 +89,18 @@ component_clang() {
 
 component_fuzz() { scripts/fuzz --smoke "${FUZZ_SECONDS:-60}"; }
 
+# The interface against the committed one, then that a changed record or virtual table would have been seen.
+component_abi() {
+    dependencies build check
+    scripts/abi
+    (cd tests/conventions && python3 -B -m unittest test_abi)
+}
+
+component_shell() {
+    dependencies build check
+    (cd tests/conventions && python3 -B -m unittest test_scripts)
+}
+
 component_package() { scripts/package; }
 
 component_docs() { scripts/docs; }
