@@ -47,7 +47,8 @@ ImageDescriptions ImageDescriptions::load()
         return descriptions;
     }
     CSimpleIniA file;
-    if (file.LoadFile(board::path(kPath).c_str()) < 0) {
+    // A directory opens like a file, with a length that no memory holds.
+    if (!std::filesystem::is_regular_file(board::path(kPath)) || file.LoadFile(board::path(kPath).c_str()) < 0) {
         throw std::runtime_error(board::path(kPath) + " is no INI file that can be read");
     }
     CSimpleIniA::TNamesDepend keys;
