@@ -7,6 +7,7 @@
 
 #include "LogSink.h"
 #include "Notifier.h"
+#include "RecentRequests.h"
 #include "omci_host/Logger.h"
 
 namespace omci {
@@ -68,8 +69,12 @@ const char* dropReasonName(DropReason reason)
     return "unknown reason";
 }
 
-Dispatcher::Dispatcher(Mic mic, Notifier* notifier) : m_Mic(std::move(mic)), m_Notifier(notifier), m_Executor(notifier)
+Dispatcher::Dispatcher(Mic mic, Notifier* notifier)
+    : m_Mic(std::move(mic)), m_Notifier(notifier), m_Executor(notifier),
+      m_RecentRequests(std::make_unique<RecentRequests>())
 {}
+
+Dispatcher::~Dispatcher() = default;
 
 void Dispatcher::forgetRequests()
 {
@@ -77,6 +82,7 @@ void Dispatcher::forgetRequests()
         last.requestLength = 0;
         last.replyLength = 0;
     }
+    m_RecentRequests->forget();
 }
 
 Dispatcher::Reply Dispatcher::drop(DropReason reason, const FrameHeader* header, std::size_t length)
@@ -92,7 +98,7 @@ Dispatcher::Reply Dispatcher::drop(DropReason reason, const FrameHeader* header,
     return {};
 }
 
-Dispatcher::Reply Dispatcher::handle(const std::uint8_t* bytes, std::size_t length)
+Dispatcher::Reply Dispatcher::handle(const std::uint8_t* bytes, std::size_t length, std::uint64_t peer)
 {
     const Decoded decoded = decode(bytes, length);
     const FrameHeader& header = decoded.frame.header;
@@ -113,7 +119,7 @@ Dispatcher::Reply Dispatcher::handle(const std::uint8_t* bytes, std::size_t leng
     if (m_Notifier != nullptr) {
         m_Notifier->setFormat(header.format);
     }
-    return run(decoded.frame, bytes);
+    return run(decoded.frame, bytes, peer);
 }
 
 void Dispatcher::count(const FrameHeader& header)
@@ -143,7 +149,30 @@ Dispatcher::Reply Dispatcher::refuseMalformed(const Decoded& decoded, std::size_
     return {scratch.reply.data(), scratch.replyLength};
 }
 
-Dispatcher::Reply Dispatcher::run(const FrameView& view, const std::uint8_t* bytes)
+bool Dispatcher::isCopy(const FrameHeader& header, const std::uint8_t* bytes, std::size_t significant,
+                        std::uint64_t peer, Reply& reply)
+{
+    LastRequest& last = m_LastRequests[header.transactionId >> 15];
+    const Clock::time_point now = Clock::now();
+    if (last.peer == peer && last.requestLength == significant &&
+        std::memcmp(last.request.data(), bytes, significant) == 0 && now - last.time <= kRetransmissionTime) {
+        last.time = now;
+        reply = {last.reply.data(), last.replyLength};
+        return true;
+    }
+    const auto recent = m_RecentRequests->find(peer, header, bytes, significant, now, kRetransmissionTime);
+    if (recent.isCopy) {
+        reply = {recent.reply.data, recent.reply.length};
+        return true;
+    }
+    last.peer = peer;
+    last.time = now;
+    std::memcpy(last.request.data(), bytes, significant);
+    last.requestLength = significant;
+    return false;
+}
+
+Dispatcher::Reply Dispatcher::run(const FrameView& view, const std::uint8_t* bytes, std::uint64_t peer)
 {
     const FrameHeader& header = view.header;
     // Id 0 is no identity: tools that never set one would get stale answers.
@@ -151,23 +180,31 @@ Dispatcher::Reply Dispatcher::run(const FrameView& view, const std::uint8_t* byt
     LastRequest& last = m_LastRequests[kept ? header.transactionId >> 15 : m_LastRequests.size() - 1];
     // Up to the end of the contents: trailer and MIC say nothing that these octets do not.
     const std::size_t significant = static_cast<std::size_t>(view.contents + view.contentsLength - bytes);
-    if (kept) {
-        const Clock::time_point now = Clock::now();
-        const bool same = last.requestLength == significant &&
-                          std::memcmp(last.request.data(), bytes, significant) == 0 &&
-                          now - last.time <= kRetransmissionTime;
-        last.time = now;
-        if (same) {
-            ++m_Statistics.retransmissions;
-            ++m_Statistics.replies;
-            return {last.reply.data(), last.replyLength};
-        }
-        std::memcpy(last.request.data(), bytes, significant);
-        last.requestLength = significant;
+    Reply known;
+    if (kept && isCopy(header, bytes, significant, peer, known)) {
+        ++m_Statistics.retransmissions;
+        m_Statistics.replies += known.length != 0 ? 1 : 0;
+        return known;
+    }
+    // A section within a window, which nobody answers.
+    const bool isSection = header.type == MessageType::DownloadSection && header.transactionId != 0;
+    if (isSection && !kept &&
+        m_RecentRequests->find(peer, header, bytes, significant, Clock::now(), kRetransmissionTime).isCopy) {
+        ++m_Statistics.retransmissions;
+        return {};
     }
     m_Frame.setRequest(view);
     executeTimed(header);
     last.replyLength = m_Frame.hasReply() ? encodeReply(header, last.reply.data()) : 0;
+    if (kept) {
+        m_RecentRequests->remember(last.reply.data(), last.replyLength);
+        if (isSection) {
+            const bool isRefused = m_Frame.getReplyResult() != static_cast<unsigned char>(Result::Success);
+            m_RecentRequests->endWindow(isRefused);
+            // The window may come again with the same ids.
+            last.requestLength = isRefused ? 0 : last.requestLength;
+        }
+    }
     return header.acknowledgeRequest ? Reply{last.reply.data(), last.replyLength} : Reply{};
 }
 

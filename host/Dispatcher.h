@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 #include "CommandExecutor.h"
 #include "FrameCodec.h"
@@ -15,6 +16,7 @@
 namespace omci {
 
 class Notifier;
+class RecentRequests;
 
 /// Received octets in, reply octets out. Owns its buffers: a get or set allocates nothing once the class's attribute
 /// lists are known. One thread uses it, the one that calls the library.
@@ -26,6 +28,9 @@ public:
 
     /// `mic` checks what is received and seals what is sent. `notifier` may be null and is not owned.
     explicit Dispatcher(Mic mic, Notifier* notifier = nullptr);
+    ~Dispatcher();
+    Dispatcher(const Dispatcher&) = delete;
+    Dispatcher& operator=(const Dispatcher&) = delete;
 
     /// A whole frame, good until the next `handle`. Empty when no reply is due.
     struct Reply
@@ -36,7 +41,8 @@ public:
 
     /// Runs one received frame. Never throws for what the library does: that becomes a processing error reply and a
     /// level 3 log line. Frames that nobody can be answered for are counted, logged at level 4 and dropped.
-    Reply handle(const std::uint8_t* bytes, std::size_t length);
+    /// `peer` is any number that stands for the sender, for hosts with several: transaction ids are each peer's own.
+    Reply handle(const std::uint8_t* bytes, std::size_t length, std::uint64_t peer = 0);
 
     /// The request that runs, for those who are called while it does; afterwards the last one.
     const OmciFrame& request() const { return m_Frame; }
@@ -57,6 +63,7 @@ private:
     /// The last request of one priority and its reply.
     struct LastRequest
     {
+        std::uint64_t peer = 0;
         std::size_t requestLength = 0;
         std::size_t replyLength = 0;
         Clock::time_point time{};
@@ -66,7 +73,10 @@ private:
 
     Reply drop(DropReason reason, const FrameHeader* header, std::size_t length);
     Reply refuseMalformed(const Decoded& decoded, std::size_t length);
-    Reply run(const FrameView& view, const std::uint8_t* bytes);
+    Reply run(const FrameView& view, const std::uint8_t* bytes, std::uint64_t peer);
+    /// Whether this is a copy of an earlier request, with the reply that one had. A new one is remembered as the last.
+    bool isCopy(const FrameHeader& header, const std::uint8_t* bytes, std::size_t significant, std::uint64_t peer,
+                Reply& reply);
     void executeTimed(const FrameHeader& header);
     void executeGuarded();
     std::size_t encodeReply(const FrameHeader& request, std::uint8_t* out);
@@ -80,6 +90,7 @@ private:
     bool m_BaselineOnly = false;
     /// By the priority bit of the transaction id; the third is for requests that are not kept.
     std::array<LastRequest, 3> m_LastRequests;
+    std::unique_ptr<RecentRequests> m_RecentRequests;
 };
 
 }  // namespace omci

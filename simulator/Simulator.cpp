@@ -53,8 +53,10 @@ Simulator::Simulator(const Options& options)
     m_Requests = std::make_unique<ControlRequests>(*m_Onu);
     Sandbox::setCommandHandler([this](const char* command) { return runCommand(command); });
     watchSignals();
-    m_Channel = std::make_unique<UdpChannel>(
-        m_Loop, address, [this](const std::uint8_t* bytes, std::size_t length) { handleFrame(bytes, length); });
+    m_Channel = std::make_unique<UdpChannel>(m_Loop, address,
+                                             [this](const std::uint8_t* bytes, std::size_t length, std::uint64_t peer) {
+                                                 handleFrame(bytes, length, peer);
+                                             });
     watchHardwareWork(options);
     m_Onu->start();
     m_PmTimer = std::make_unique<PmTimer>(m_Loop, m_Onu->performanceMonitoring(), options.timeScale);
@@ -120,10 +122,10 @@ void Simulator::run()
     m_Loop.run();
 }
 
-void Simulator::handleFrame(const std::uint8_t* bytes, std::size_t length)
+void Simulator::handleFrame(const std::uint8_t* bytes, std::size_t length, std::uint64_t peer)
 {
     m_Capture.add(omci::Direction::Downstream, bytes, length);
-    const omci::Dispatcher::Reply reply = m_Onu->dispatcher().handle(bytes, length);
+    const omci::Dispatcher::Reply reply = m_Onu->dispatcher().handle(bytes, length, peer);
     flushLogs();
     if (reply.length != 0) {
         m_Capture.add(omci::Direction::Upstream, reply.data, reply.length);

@@ -35,7 +35,7 @@ private:
     void openLogs(const Options& options);
     void watchSignals();
     void watchHardwareWork(const Options& options);
-    void handleFrame(const std::uint8_t* bytes, std::size_t length);
+    void handleFrame(const std::uint8_t* bytes, std::size_t length, std::uint64_t peer);
     void sendUnasked(const std::uint8_t* frame, std::size_t length);
     std::string answerRequest(const std::string& line);
     int runCommand(const char* command);

@@ -1,6 +1,7 @@
 #include "UdpChannel.h"
 
 #include <cerrno>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -16,6 +17,12 @@ void makeRoom(int descriptor)
     if (setsockopt(descriptor, SOL_SOCKET, SO_RCVBUFFORCE, &kReceiveBuffer, sizeof kReceiveBuffer) != 0) {
         static_cast<void>(setsockopt(descriptor, SOL_SOCKET, SO_RCVBUF, &kReceiveBuffer, sizeof kReceiveBuffer));
     }
+}
+
+std::uint64_t numberOf(const SocketAddress& peer)
+{
+    const std::string_view octets(reinterpret_cast<const char*>(&peer.storage), peer.length);
+    return std::hash<std::string_view>()(octets);
 }
 }  // namespace
 
@@ -53,7 +60,7 @@ void UdpChannel::receive()
             return;
         }
         m_Peer = peer;
-        m_Receiver(m_Buffer.data(), static_cast<std::size_t>(got));
+        m_Receiver(m_Buffer.data(), static_cast<std::size_t>(got), numberOf(peer));
     }
 }
 

@@ -15,8 +15,8 @@
 class UdpChannel
 {
 public:
-    /// Takes one datagram, which is only good during the call.
-    using Receiver = std::function<void(const std::uint8_t* bytes, std::size_t length)>;
+    /// Takes one datagram, which is only good during the call. `peer` is a number that goes with its sender.
+    using Receiver = std::function<void(const std::uint8_t* bytes, std::size_t length, std::uint64_t peer)>;
 
     /// Binds; std::system_error when that fails. The loop outlives the object.
     UdpChannel(EventLoop& loop, const SocketAddress& address, Receiver receiver);
