@@ -278,7 +278,10 @@ private:
 
 }  // namespace
 
-TableContents readTable(Session& session, const EntityId& entity, const Attribute& attribute)
+namespace {
+
+/// The whole table, or as much as came before the ONU refused to go on.
+TableContents readTableOnce(Session& session, const EntityId& entity, const Attribute& attribute)
 {
     TableContents table;
     const GetOutcome size = getAttributes(session, entity, {&attribute});
@@ -303,6 +306,18 @@ TableContents readTable(Session& session, const EntityId& entity, const Attribut
         reader.add(octets);
     }
     reader.cutLastRow();
+    return table;
+}
+
+}  // namespace
+
+TableContents readTable(Session& session, const EntityId& entity, const Attribute& attribute)
+{
+    constexpr unsigned mostTries = 4;
+    TableContents table = readTableOnce(session, entity, attribute);
+    // A late copy of the first get, or another reader, makes an ONU begin anew: it refuses what it did not expect.
+    for (unsigned i = 1; i < mostTries && table.size != 0 && table.result == Result::ParameterError; ++i)
+        table = readTableOnce(session, entity, attribute);
     return table;
 }
 
