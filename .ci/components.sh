@@ -101,6 +101,8 @@ component_shell() {
     (cd tests/conventions && python3 -B -m unittest test_scripts)
 }
 
+component_soak() { scripts/soak --messages "${SOAK_MESSAGES:-10000000}"; }
+
 component_package() { scripts/package; }
 
 component_docs() { scripts/docs; }
