@@ -79,11 +79,6 @@ def number(attribute) -> str:
     return str(attribute.default) if attribute.default < 0x10000 else hex(attribute.default)
 
 
-def widened(attribute, expression: str) -> str:
-    """The value as the log functions take it."""
-    return f"static_cast<unsigned long long>({expression})" if attribute.is_signed else expression
-
-
 def octet_list(attribute) -> str:
     return ", ".join(f"0x{byte:02x}" for byte in attribute.default.rstrip(b"\0"))
 
@@ -110,7 +105,7 @@ def adapter_header(me: ManagedEntity) -> str:
 
 
 FILTERS = (
-    value_type, getter_type, attribute_words, reference_pages.default_words, member_type, definition, number, widened, octet_list, mask,
+    value_type, getter_type, attribute_words, reference_pages.default_words, member_type, definition, number, octet_list, mask,
     value_kinds, value_texts, adapter_class, adapter_header,
 )
 

@@ -89,6 +89,11 @@ Logger* Logger::getInstance(int id)
     return known != nullptr ? known : makeInstance(id);
 }
 
+const std::atomic<unsigned char>& Logger::getLevelInForce(int id)
+{
+    return getInstance(id)->m_FormatLevel;
+}
+
 void Logger::setLevel(unsigned char level)
 {
     m_Level = level;

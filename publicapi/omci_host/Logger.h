@@ -17,6 +17,10 @@ public:
     void writeToLog(signed char reserved, const std::string& function, const std::string& file, unsigned int line,
                     unsigned char level, const char* format, ...) __attribute__((format(printf, 7, 8)));
 
+    /// Where the level stands above which `writeToLog` drops lines unseen, for callers that spare themselves the call.
+    /// Kept for the life of the process. The library asks for it weakly: a host whose logger has none gets every line.
+    [[gnu::weak]] static const std::atomic<unsigned char>& getLevelInForce(int id);
+
     /// Lines with a higher number are dropped. 6 at first.
     void setLevel(unsigned char level);
     /// The level in force.

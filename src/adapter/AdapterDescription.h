@@ -26,7 +26,6 @@ struct AdapterDescription
     const char* name;  ///< "ANIG"
     /// One per attribute with a definition: the first `definitionCount` attributes of the class.
     const AttributeAccess* access;
-    const AttributeForm* forms;
     unsigned char definitionCount;
     bool partOfMibUpload;
     bool partOfAlarmsUpload;

@@ -20,13 +20,21 @@ std::size_t wireSize(std::size_t size)
 template <typename T>
 int setNumber(int (*set)(void*, T), std::size_t size, void* object, const unsigned char* buffer)
 {
-    return set(object, static_cast<T>(readBigEndian(buffer, wireSize<T>(size))));
+    // Nearly all are as wide on the wire as in memory: their width is a constant then, and the loop one load.
+    const std::size_t width = wireSize<T>(size);
+    return set(object,
+               static_cast<T>(width == sizeof(T) ? readBigEndian(buffer, sizeof(T)) : readBigEndian(buffer, width)));
 }
 
 template <typename T>
 void getNumber(T value, std::size_t size, unsigned char* buffer)
 {
-    writeBigEndian(buffer, wireSize<T>(size), static_cast<std::make_unsigned_t<T>>(value));
+    const auto number = static_cast<std::make_unsigned_t<T>>(value);
+    if (size <= sizeof(T)) {
+        writeBigEndian(buffer, sizeof(T), number);
+    } else {
+        writeBigEndian(buffer, size, number);
+    }
 }
 
 void getOctets(const unsigned char* value, std::size_t size, unsigned char* buffer)
@@ -40,10 +48,11 @@ void getOctets(const unsigned char* value, std::size_t size, unsigned char* buff
 
 }  // namespace
 
-int setFromWire(const AttributeAccess& access, AttributeForm form, std::size_t size, void* object,
+int setFromWire(const AttributeAccess& access, const ManagedEntityDescription& entity, int attribute, void* object,
                 const unsigned char* buffer)
 {
-    switch (form) {
+    const std::size_t size = entity.attributes[attribute].definition.attributeSize;
+    switch (entity.forms[attribute]) {
     case AttributeForm::U8:
         return access.set.u8(object, buffer[0]);
     case AttributeForm::U16:
@@ -63,10 +72,11 @@ int setFromWire(const AttributeAccess& access, AttributeForm form, std::size_t s
     return access.set.octets(object, buffer);
 }
 
-void getToWire(const AttributeAccess& access, AttributeForm form, std::size_t size, const void* object,
-               unsigned char* buffer, EnumOmciAction action)
+int getToWire(const AttributeAccess& access, const ManagedEntityDescription& entity, int attribute, const void* object,
+              unsigned char* buffer, EnumOmciAction action)
 {
-    switch (form) {
+    const std::size_t size = entity.attributes[attribute].definition.attributeSize;
+    switch (entity.forms[attribute]) {
     case AttributeForm::U8:
         buffer[0] = access.get.u8(object, action);
         break;
@@ -92,6 +102,7 @@ void getToWire(const AttributeAccess& access, AttributeForm form, std::size_t si
         writeBigEndian(buffer, 4, access.get.u32(object, action));
         break;
     }
+    return 0;
 }
 
 }  // namespace nrvk

@@ -4,21 +4,9 @@
 #include <cstddef>
 
 #include "attributeDefinition.h"
+#include "impl/ManagedEntityDescription.h"
 
 namespace nrvk {
-
-/// What a getter yields and a setter takes.
-enum class AttributeForm : unsigned char
-{
-    U8,
-    U16,
-    U32,
-    U64,
-    S8,
-    S16,
-    Octets,
-    Table  ///< set appends a row, get yields a size
-};
 
 /// The virtual getter and setter of one attribute as plain functions; which member is meant, the form tells.
 ///
@@ -103,13 +91,14 @@ constexpr AttributeAccess attributeAccess()
     return {AttributeAccess::Getter(get), AttributeAccess::Setter(set)};
 }
 
-/// Takes the attribute's full size from `buffer`, network byte order, and sets it; the setter's result. Numbers wider
-/// on the wire than in memory lose their leading bytes, narrower ones are read in the width of memory.
-int setFromWire(const AttributeAccess& access, AttributeForm form, std::size_t size, void* object,
+/// Takes the full size of the class's attribute, by index, from `buffer`, network byte order, and sets it; the setter's
+/// result. Numbers wider on the wire than in memory lose their leading bytes, narrower ones are read in the width of
+/// memory.
+int setFromWire(const AttributeAccess& access, const ManagedEntityDescription& entity, int attribute, void* object,
                 const unsigned char* buffer);
-/// The reverse. Octets whose getter yields null read as zeros; a table yields 4 bytes.
-void getToWire(const AttributeAccess& access, AttributeForm form, std::size_t size, const void* object,
-               unsigned char* buffer, EnumOmciAction action);
+/// The reverse, always 0. Octets whose getter yields null read as zeros; a table yields 4 bytes.
+int getToWire(const AttributeAccess& access, const ManagedEntityDescription& entity, int attribute, const void* object,
+              unsigned char* buffer, EnumOmciAction action);
 
 }  // namespace nrvk
 

@@ -8,7 +8,13 @@ using nrvk::LogName;
 // Log lines carry the file of the class's own adapter.
 #define LOG(level, ...) NRVK_LOG_FOR_CLASS(description(), level, __VA_ARGS__)
 
-ManagedEntityAdapter::ManagedEntityAdapter(const AdapterDescription& description)
+namespace {
+
+constexpr unsigned char kEntryLevel = 6;
+
+}  // namespace
+
+ManagedEntityAdapter::ManagedEntityAdapter(const AdapterDescription& description) : m_Description(description)
 {
     OmciMeFactory::getInstance()->registerManagedEntity(description.entity.classId, this);
     NRVK_LOG_FOR_CLASS(description, 6, "this(%p)", this);
@@ -103,52 +109,82 @@ int ManagedEntityAdapter::attributeOfMask(const AdapterDescription& description,
     return attribute < description.definitionCount ? attribute : -1;
 }
 
+// The road of a Set that has nothing to report ends in a jump to the attribute's setter, so that it needs no frame.
 int ManagedEntityAdapter::setAttribute(unsigned short instance, const attributeDefinition* definition,
                                        const unsigned char* buffer) const
 {
+    if (nrvk::isDropped(kEntryLevel) && definition != nullptr && buffer != nullptr) {
+        const AdapterDescription& entity = description();
+        void* object = entity.store.lookUp(instance);
+        const int attribute = attributeOfMask(entity, definition->attributeMask);
+        if (object != nullptr && attribute >= 0) {
+            return nrvk::setFromWire(entity.access[attribute], entity.entity, attribute, object, buffer);
+        }
+    }
+    return setAttributeWithLines(instance, definition, buffer);
+}
+
+// The lines of both roads carry the name of the operation.
+#define LINE_OF_CLASS(level, ...) nrvk::logForClass(function, entity.file, entity.line, level, __VA_ARGS__)
+
+int ManagedEntityAdapter::setAttributeWithLines(unsigned short instance, const attributeDefinition* definition,
+                                                const unsigned char* buffer) const
+{
+    static const LogName function("setAttribute");
     const AdapterDescription& entity = description();
-    NRVK_LOG_FOR_CLASS(entity, 6, "Instance(%hu); Attribute definition(%p); Buffer(%p)", instance, definition, buffer);
+    LINE_OF_CLASS(6, "Instance(%hu); Attribute definition(%p); Buffer(%p)", instance, definition, buffer);
     if (definition == nullptr || buffer == nullptr) {
-        NRVK_LOG_FOR_CLASS(entity, 3, "NULL 'attributeDefinition(%p)' or 'buffer(%p)' pointer", definition, buffer);
+        LINE_OF_CLASS(3, "NULL 'attributeDefinition(%p)' or 'buffer(%p)' pointer", definition, buffer);
         return -1;
     }
     void* object = entity.store.find(instance);
     if (object == nullptr) {
-        NRVK_LOG_FOR_CLASS(entity, 3, "Instance(%hu) not found", instance);
+        LINE_OF_CLASS(3, "Instance(%hu) not found", instance);
         return -1;
     }
     const int attribute = attributeOfMask(entity, definition->attributeMask);
     if (attribute < 0) {
-        NRVK_LOG_FOR_CLASS(entity, 3, "Attribute mask(0x%X) not supported", definition->attributeMask);
+        LINE_OF_CLASS(3, "Attribute mask(0x%X) not supported", definition->attributeMask);
         return -1;
     }
-    const std::size_t size = entity.entity.attributes[attribute].definition.attributeSize;
-    return nrvk::setFromWire(entity.access[attribute], entity.forms[attribute], size, object, buffer);
+    return nrvk::setFromWire(entity.access[attribute], entity.entity, attribute, object, buffer);
 }
 
 int ManagedEntityAdapter::getAttribute(unsigned short instance, const attributeDefinition* definition,
                                        unsigned char* buffer, EnumOmciAction action) const
 {
+    if (nrvk::isDropped(kEntryLevel) && definition != nullptr && buffer != nullptr) {
+        const AdapterDescription& entity = description();
+        const void* object = entity.store.lookUp(instance);
+        const int attribute = attributeOfMask(entity, definition->attributeMask);
+        if (object != nullptr && attribute >= 0) {
+            return nrvk::getToWire(entity.access[attribute], entity.entity, attribute, object, buffer, action);
+        }
+    }
+    return getAttributeWithLines(instance, definition, buffer, action);
+}
+
+int ManagedEntityAdapter::getAttributeWithLines(unsigned short instance, const attributeDefinition* definition,
+                                                unsigned char* buffer, EnumOmciAction action) const
+{
+    static const LogName function("getAttribute");
     const AdapterDescription& entity = description();
-    NRVK_LOG_FOR_CLASS(entity, 6, "Instance(%hu); Attribute(%p); Buffer(%p); Action(%d)", instance, definition, buffer,
-                       action);
+    LINE_OF_CLASS(6, "Instance(%hu); Attribute(%p); Buffer(%p); Action(%d)", instance, definition, buffer, action);
     if (definition == nullptr || buffer == nullptr) {
-        NRVK_LOG_FOR_CLASS(entity, 3, "NULL 'attributeDefinition(%p)' or 'buffer(%p)' pointer", definition, buffer);
+        LINE_OF_CLASS(3, "NULL 'attributeDefinition(%p)' or 'buffer(%p)' pointer", definition, buffer);
         return -1;
     }
     const void* object = entity.store.find(instance);
     if (object == nullptr) {
-        NRVK_LOG_FOR_CLASS(entity, 3, "Instance(%hu) not found", instance);
+        LINE_OF_CLASS(3, "Instance(%hu) not found", instance);
         return -1;
     }
     const int attribute = attributeOfMask(entity, definition->attributeMask);
     if (attribute < 0) {
-        NRVK_LOG_FOR_CLASS(entity, 3, "Attribute mask(0x%X) not supported", definition->attributeMask);
+        LINE_OF_CLASS(3, "Attribute mask(0x%X) not supported", definition->attributeMask);
         return 0;  // unlike a Set: the OLT's Get of an attribute that the class lacks succeeds with nothing written
     }
-    const std::size_t size = entity.entity.attributes[attribute].definition.attributeSize;
-    nrvk::getToWire(entity.access[attribute], entity.forms[attribute], size, object, buffer, action);
-    return 0;
+    return nrvk::getToWire(entity.access[attribute], entity.entity, attribute, object, buffer, action);
 }
 
 int ManagedEntityAdapter::copyAttributes(std::list<attributeDefinition>* list, EnumAttributeFlag flag,

@@ -5,7 +5,7 @@
 #include "adapter/AdapterDescription.h"
 
 /// The adapter of any class: bytes on the host's side, typed attributes on the entity's. Driven by the class's constant
-/// description, so that 115 adapters share one piece of code; holds no data.
+/// description, so that 115 adapters share one piece of code; holds nothing else.
 class ManagedEntityAdapter : public OmciMe
 {
 public:
@@ -73,13 +73,20 @@ protected:
     /// Registers the adapter with OmciMeFactory.
     explicit ManagedEntityAdapter(const nrvk::AdapterDescription& description);
 
-    virtual const nrvk::AdapterDescription& description() const = 0;
+    const nrvk::AdapterDescription& description() const { return m_Description; }
 
 private:
+    /// The same with every line: for a host that takes them, and where something is wrong.
+    int setAttributeWithLines(unsigned short instance, const attributeDefinition* definition,
+                              const unsigned char* buffer) const;
+    int getAttributeWithLines(unsigned short instance, const attributeDefinition* definition, unsigned char* buffer,
+                              EnumOmciAction action) const;
     int copyAttributes(std::list<attributeDefinition>* list, EnumAttributeFlag flag,
                        const nrvk::LogName& function) const;
     /// The attribute of exactly this mask, or -1.
     static int attributeOfMask(const nrvk::AdapterDescription& description, unsigned short attributeMask);
+
+    const nrvk::AdapterDescription& m_Description;
 };
 
 #endif

@@ -13,7 +13,8 @@ int MessageSnapshot::setMessage(unsigned short sequenceNumber, const unsigned ch
         NRVK_LOG(3, "Detected NULL pointer");
         return -1;
     }
-    NRVK_LOG(6, "Sequence number(%hu); buffer(%hu; %s)", sequenceNumber, length, HexText(buffer, length).get());
+    NRVK_LOG_RENDERED(6, "Sequence number(%hu); buffer(%hu; %s)", sequenceNumber, length,
+                      HexText(buffer, length).get());
     if (m_Messages.count(sequenceNumber) != 0) {
         NRVK_LOG(4, "Sequence number(%hu) already recorded", sequenceNumber);
         return -1;
@@ -42,7 +43,8 @@ int MessageSnapshot::getMessage(unsigned short sequenceNumber, unsigned char* bu
         *length = message.getMessageLength();
         std::memcpy(buffer, message.getMessage(), *length);
     }
-    NRVK_LOG(6, "Sequence number(%hu); Buffer(%hu; %s)", sequenceNumber, *length, HexText(buffer, *length).get());
+    NRVK_LOG_RENDERED(6, "Sequence number(%hu); Buffer(%hu; %s)", sequenceNumber, *length,
+                      HexText(buffer, *length).get());
     return 0;
 }
 

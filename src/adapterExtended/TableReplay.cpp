@@ -90,7 +90,7 @@ int nrvk::replayRow(const OmciMe& adapter, const RowSequence& sequence, const Re
         }
     }
     if (table.logsBuffer) {
-        NRVK_LOG(6, "Buffer(%u; %s)", *length, HexText(buffer, *length).get());
+        NRVK_LOG_RENDERED(6, "Buffer(%u; %s)", *length, HexText(buffer, *length).get());
     }
     return GET_NEXT_SUCCESS;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <iomanip>
+#include <sstream>
 
 namespace nrvk {
 
@@ -31,69 +32,75 @@ std::string labelText(const AttributeDescription& attribute)
     return "  " + upperCaseName(attribute.name) + " (" + std::to_string(size) + (size == 1 ? " byte)" : " bytes)");
 }
 
-}  // namespace
-
-DumpText::DumpText(const ManagedEntityDescription& description, unsigned short instance, unsigned short attributeMask)
-    : m_Description(description), m_AttributeMask(attributeMask)
+/// One past the longest label of the class, whatever the mask.
+std::size_t valueColumn(const ManagedEntityDescription& description)
 {
-    const std::string shortName = description.shortName;
-    m_Text << shortName << '(' << description.classId << "; " << instance << ")\n"
-           << std::string(shortName.size(), '-') << '\n';
+    std::size_t column = 0;
     for (unsigned int i = 0; i < description.attributeCount; ++i) {
-        m_ValueColumn = std::max(m_ValueColumn, labelText(description.attributes[i]).size() + 1);
+        column = std::max(column, labelText(description.attributes[i]).size() + 1);
     }
+    return column;
 }
 
-bool DumpText::label(unsigned int attribute)
+void writeOctets(std::ostream& text, const unsigned char* value, unsigned int size)
 {
-    const AttributeDescription& description = m_Description.attributes[attribute];
-    if ((m_AttributeMask & description.definition.attributeMask) == 0) {
-        return false;
-    }
-    const std::string text = labelText(description);
-    m_Text << text << std::string(m_ValueColumn - text.size(), ' ') << "= ";
-    return true;
-}
-
-void DumpText::number(unsigned int attribute, unsigned long long value)
-{
-    if (label(attribute)) {
-        m_Text << value << '\n';
-    }
-}
-
-void DumpText::signedNumber(unsigned int attribute, long long value)
-{
-    if (label(attribute)) {
-        m_Text << value << '\n';
-    }
-}
-
-void DumpText::octets(unsigned int attribute, const unsigned char* value)
-{
-    if (!label(attribute)) {
-        return;
-    }
-    const unsigned int size = m_Description.attributes[attribute].definition.attributeSize;
     for (unsigned int i = 0; i < size; ++i) {
-        m_Text << std::hex << std::setfill('0') << std::setw(2) << static_cast<unsigned int>(value[i]) << ' ';
+        text << std::hex << std::setfill('0') << std::setw(2) << static_cast<unsigned int>(value[i]) << ' ';
     }
-    m_Text << '\n';
 }
 
-std::string DumpText::finish(const std::bitset<223>& alarms)
+void writeValue(std::ostream& text, AttributeForm form, DumpValue value, unsigned int size)
 {
-    m_Text << "\n  Active alarms\n";
+    switch (form) {
+    case AttributeForm::Octets:
+        writeOctets(text, value.octets, size);
+        break;
+    case AttributeForm::S8:
+    case AttributeForm::S16:
+        text << static_cast<long long>(value.number);
+        break;
+    default:
+        text << value.number;
+        break;
+    }
+    text << '\n';
+}
+
+void writeAlarms(std::ostream& text, const std::bitset<223>& alarms)
+{
+    text << "\n  Active alarms\n";
     if (alarms.none()) {
-        m_Text << "    No active alarms\n";
+        text << "    No active alarms\n";
     }
     for (std::size_t alarm = 0; alarm < alarms.size(); ++alarm) {
         if (alarms.test(alarm)) {
-            m_Text << "    " << static_cast<char>(alarm) << '\n';
+            text << "    " << static_cast<char>(alarm) << '\n';
         }
     }
-    m_Text << "\n\n";
-    return m_Text.str();
+}
+
+}  // namespace
+
+std::string dumpText(const ManagedEntityDescription& description, unsigned short instance, unsigned short attributeMask,
+                     const DumpValue* values, const std::bitset<223>& alarms)
+{
+    std::ostringstream text;
+    const std::string shortName = description.shortName;
+    text << shortName << '(' << description.classId << "; " << instance << ")\n"
+         << std::string(shortName.size(), '-') << '\n';
+    const std::size_t column = valueColumn(description);
+    for (unsigned int i = 0; i < description.attributeCount; ++i) {
+        const AttributeDescription& attribute = description.attributes[i];
+        if ((attributeMask & attribute.definition.attributeMask) == 0) {
+            continue;
+        }
+        const std::string label = labelText(attribute);
+        text << label << std::string(column - label.size(), ' ') << "= ";
+        writeValue(text, description.forms[i], values[i], attribute.definition.attributeSize);
+    }
+    writeAlarms(text, alarms);
+    text << "\n\n";
+    return text.str();
 }
 
 }  // namespace nrvk

@@ -52,6 +52,15 @@ public:
         void* object = lookUp(instance);
         return __builtin_expect(object != nullptr, 1) ? object : logMissing(instance);
     }
+    /// The same without a line for the missing one.
+    void* lookUp(unsigned short instance) const
+    {
+        if (m_Instances == nullptr) {
+            return nullptr;
+        }
+        const auto found = m_Instances->find(instance);
+        return found != m_Instances->end() ? found->second : nullptr;
+    }
     void* getFirstManagedEntityInstance() const;
     /// The first instance strictly above the id, which need not exist.
     void* getNextManagedEntityInstance(unsigned short instance) const;
@@ -68,14 +77,6 @@ public:
 private:
     using Instances = std::map<unsigned short, void*>;
 
-    void* lookUp(unsigned short instance) const
-    {
-        if (m_Instances == nullptr) {
-            return nullptr;
-        }
-        const auto found = m_Instances->find(instance);
-        return found != m_Instances->end() ? found->second : nullptr;
-    }
     /// Null, with the line that says so.
     void* logMissing(unsigned short instance) const;
     /// The first entry at or above `from`, or null; ids are 16 bits wide, so that 0x10000 is the end.

@@ -5,12 +5,22 @@
 
 namespace nrvk {
 
+namespace {
+
+constexpr std::atomic<unsigned char> kEveryLevel{255};
+
+}  // namespace
+
 std::atomic<Logger*> loggerOfLibrary{nullptr};
+std::atomic<const std::atomic<unsigned char>*> levelInForce{&kEveryLevel};
 
 Logger& askForLogger()
 {
     Logger* logger = Logger::getInstance(kLoggerId);
     loggerOfLibrary.store(logger, std::memory_order_relaxed);
+    if (&Logger::getLevelInForce != nullptr) {
+        levelInForce.store(&Logger::getLevelInForce(kLoggerId), std::memory_order_relaxed);
+    }
     return *logger;
 }
 

@@ -14,6 +14,16 @@ constexpr int kLoggerId = 150;
 extern std::atomic<Logger*> loggerOfLibrary;
 Logger& askForLogger();
 
+/// The host's own number, so that a change shows at once. Until the first line has asked for it, and for good with a
+/// host that has none, it is a level above all.
+extern std::atomic<const std::atomic<unsigned char>*> levelInForce;
+
+/// Whether the host drops lines of the level unseen: what makes them can then be left out.
+inline bool isDropped(unsigned char level)
+{
+    return level > levelInForce.load(std::memory_order_relaxed)->load(std::memory_order_relaxed);
+}
+
 /// The host's logger for the library; there is one for each id, kept for the life of the process.
 inline Logger& logger()
 {
@@ -76,6 +86,9 @@ auto logArgument(T value)
 template <typename... Arguments>
 [[gnu::noinline]] void logAt(const LogSite& site, const char* format, Arguments... arguments)
 {
+    if (isDropped(site.level)) {
+        return;
+    }
     logger().writeToLog(0, site.function.get(), site.file.get(), site.line, site.level, format, arguments...);
 }
 #pragma GCC diagnostic pop
@@ -95,6 +108,14 @@ inline void logLine(const LogSite& site, const char* format, Arguments... argume
         static const ::nrvk::LogSite nrvkLogSite{::nrvk::LogName(__func__), ::nrvk::LogName(__FILE__), __LINE__,       \
                                                  level};                                                               \
         ::nrvk::logLine(nrvkLogSite, __VA_ARGS__);                                                                     \
+    } while (false)
+
+/// The same with arguments that cost: they are not evaluated for a line that is dropped.
+#define NRVK_LOG_RENDERED(level, ...)                                                                                  \
+    do {                                                                                                               \
+        if (!::nrvk::isDropped(level)) {                                                                               \
+            NRVK_LOG(level, __VA_ARGS__);                                                                              \
+        }                                                                                                              \
     } while (false)
 
 #endif

@@ -1,5 +1,7 @@
 #include "impl/ManagedEntityDescription.h"
 
+#include <type_traits>
+
 namespace nrvk {
 
 namespace {
@@ -32,62 +34,75 @@ inline const std::string& functionName(const ManagedEntityDescription& descripti
     return __builtin_expect(name != nullptr, 1) ? *name : makeFunctionName(description, attribute, operation, slot);
 }
 
-void logValue(const ManagedEntityDescription& description, unsigned int attribute, Operation operation,
-              unsigned int line, unsigned short instance, unsigned long long value)
+constexpr unsigned char kEntryLevel = 6;
+
+/// Out of line, so that the road of a dropped line needs no frame.
+template <typename Value>
+[[gnu::noinline, gnu::cold]] void write(Operation operation, unsigned short instance, Value value,
+                                        const ManagedEntityDescription& description, unsigned int place)
 {
-    logger().writeToLog(0, functionName(description, attribute, operation), description.file.get(), line, 6,
-                        "Instance(%hu); Value(%llu)", instance, value);
+    const std::string& function = functionName(description, place & 0xFF, operation);
+    const unsigned int line = place >> 8;
+    if constexpr (std::is_pointer_v<Value>) {
+        logger().writeToLog(0, function, description.file.get(), line, kEntryLevel, "Instance(%hu)", instance);
+    } else {
+        logger().writeToLog(0, function, description.file.get(), line, kEntryLevel, "Instance(%hu); Value(%llu)",
+                            instance, static_cast<unsigned long long>(value));
+    }
 }
 
-/// Octets are not rendered: that would cost on every call what a dump shows on request.
-void logInstance(const ManagedEntityDescription& description, unsigned int attribute, Operation operation,
-                 unsigned int line, unsigned short instance)
+template <typename Value>
+inline Value entryLine(Operation operation, unsigned short instance, Value value,
+                       const ManagedEntityDescription& description, unsigned int place)
 {
-    logger().writeToLog(0, functionName(description, attribute, operation), description.file.get(), line, 6,
-                        "Instance(%hu)", instance);
+    if (!isDropped(kEntryLevel)) {
+        write(operation, instance, value, description, place);
+    }
+    return value;
 }
 
 }  // namespace
 
-unsigned long long logGet(const ManagedEntityDescription& description, unsigned int attribute, unsigned int line,
-                          unsigned short instance, unsigned long long value)
+#define NRVK_ATTRIBUTE_LINES(Value)                                                                                    \
+    Value logGet(unsigned short instance, Value value, const ManagedEntityDescription& description,                    \
+                 unsigned int place)                                                                                   \
+    {                                                                                                                  \
+        return entryLine(Operation::Get, instance, value, description, place);                                         \
+    }                                                                                                                  \
+    Value logGetDefault(unsigned short instance, Value value, const ManagedEntityDescription& description,             \
+                        unsigned int place)                                                                            \
+    {                                                                                                                  \
+        return entryLine(Operation::GetDefault, instance, value, description, place);                                  \
+    }                                                                                                                  \
+    int logSet(unsigned short instance, Value value, const ManagedEntityDescription& description, unsigned int place)  \
+    {                                                                                                                  \
+        entryLine(Operation::Set, instance, value, description, place);                                                \
+        return 0;                                                                                                      \
+    }
+
+NRVK_ATTRIBUTE_LINES(unsigned char)
+NRVK_ATTRIBUTE_LINES(unsigned short)
+NRVK_ATTRIBUTE_LINES(unsigned int)
+NRVK_ATTRIBUTE_LINES(unsigned long long)
+NRVK_ATTRIBUTE_LINES(signed char)
+NRVK_ATTRIBUTE_LINES(short)
+
+const unsigned char* logGet(unsigned short instance, const unsigned char* octets,
+                            const ManagedEntityDescription& description, unsigned int place)
 {
-    logValue(description, attribute, Operation::Get, line, instance, value);
-    return value;
+    return entryLine(Operation::Get, instance, octets, description, place);
 }
 
-unsigned long long logGetDefault(const ManagedEntityDescription& description, unsigned int attribute, unsigned int line,
-                                 unsigned short instance, unsigned long long value)
+const unsigned char* logGetDefault(unsigned short instance, const unsigned char* octets,
+                                   const ManagedEntityDescription& description, unsigned int place)
 {
-    logValue(description, attribute, Operation::GetDefault, line, instance, value);
-    return value;
+    return entryLine(Operation::GetDefault, instance, octets, description, place);
 }
 
-int logSet(const ManagedEntityDescription& description, unsigned int attribute, unsigned int line,
-           unsigned short instance, unsigned long long value)
+int logSet(unsigned short instance, const ManagedEntityDescription& description, unsigned int place)
 {
-    logValue(description, attribute, Operation::Set, line, instance, value);
-    return 0;
-}
-
-const unsigned char* logGet(const ManagedEntityDescription& description, unsigned int attribute, unsigned int line,
-                            unsigned short instance, const unsigned char* octets)
-{
-    logInstance(description, attribute, Operation::Get, line, instance);
-    return octets;
-}
-
-const unsigned char* logGetDefault(const ManagedEntityDescription& description, unsigned int attribute,
-                                   unsigned int line, unsigned short instance, const unsigned char* octets)
-{
-    logInstance(description, attribute, Operation::GetDefault, line, instance);
-    return octets;
-}
-
-int logSet(const ManagedEntityDescription& description, unsigned int attribute, unsigned int line,
-           unsigned short instance)
-{
-    logInstance(description, attribute, Operation::Set, line, instance);
+    constexpr const unsigned char* notShown = nullptr;
+    entryLine(Operation::Set, instance, notShown, description, place);
     return 0;
 }
 

@@ -49,7 +49,7 @@ int OmciMeFlexibleConfigurationStatusPortalImplExtended::setStatusMessageExt(con
     const bool isLast = m_StatusMessage.size() >= kRows - 1;
     Row copy{};
     std::copy_n(row, isLast ? kLastRowSize : kRowSize, copy.begin());
-    NRVK_LOG(6, "StatusMessage(%s)", nrvk::BoundedText<kRowSize>(copy.data()).get());
+    NRVK_LOG_RENDERED(6, "StatusMessage(%s)", nrvk::BoundedText<kRowSize>(copy.data()).get());
     m_StatusMessage.push_back(copy);
     return 0;
 }

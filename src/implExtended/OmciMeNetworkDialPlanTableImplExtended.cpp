@@ -34,7 +34,7 @@ int OmciMeNetworkDialPlanTableImplExtended::setDialPlanFormat(unsigned char valu
 int OmciMeNetworkDialPlanTableImplExtended::setDialPlanTable(const unsigned char* value)
 {
     const Row row = nrvk::tableRow<30>(value);
-    NRVK_LOG(6, "Row(%s)", nrvk::HexText(row.data(), row.size()).get());
+    NRVK_LOG_RENDERED(6, "Row(%s)", nrvk::HexText(row.data(), row.size()).get());
     m_Rows.push_back(row);
     return OmciMeNetworkDialPlanTableImpl::setDialPlanTable(value);
 }

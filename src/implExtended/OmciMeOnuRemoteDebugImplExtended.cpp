@@ -14,7 +14,7 @@ constexpr std::size_t kCommandSize = 25;
 
 int OmciMeOnuRemoteDebugImplExtended::setCommand(const unsigned char* command)
 {
-    NRVK_LOG(6, "Command(%s)", nrvk::BoundedText<kCommandSize>(command).get());
+    NRVK_LOG_RENDERED(6, "Command(%s)", nrvk::BoundedText<kCommandSize>(command).get());
     if (OmciHardwareIfc* hardware = nrvk::hardwareOrLog()) {
         hardware->sendRemoteDebugCommand(command);
     }

@@ -27,24 +27,24 @@ int OmciMeVoiceServiceProfileImplExtended::setEchoCancelInd(unsigned char value)
 
 int OmciMeVoiceServiceProfileImplExtended::setTonePatternTable(const unsigned char* value)
 {
-    NRVK_LOG(6, "Row(%s)", nrvk::HexText(value, 20).get());
+    NRVK_LOG_RENDERED(6, "Row(%s)", nrvk::HexText(value, 20).get());
     return OmciMeVoiceServiceProfileImpl::setTonePatternTable(value);
 }
 
 int OmciMeVoiceServiceProfileImplExtended::setToneEventTable(const unsigned char* value)
 {
-    NRVK_LOG(6, "Row(%s)", nrvk::HexText(value, 7).get());
+    NRVK_LOG_RENDERED(6, "Row(%s)", nrvk::HexText(value, 7).get());
     return OmciMeVoiceServiceProfileImpl::setToneEventTable(value);
 }
 
 int OmciMeVoiceServiceProfileImplExtended::setRingingPatternTable(const unsigned char* value)
 {
-    NRVK_LOG(6, "Row(%s)", nrvk::HexText(value, 5).get());
+    NRVK_LOG_RENDERED(6, "Row(%s)", nrvk::HexText(value, 5).get());
     return OmciMeVoiceServiceProfileImpl::setRingingPatternTable(value);
 }
 
 int OmciMeVoiceServiceProfileImplExtended::setRingingEventTable(const unsigned char* value)
 {
-    NRVK_LOG(6, "Row(%s)", nrvk::HexText(value, 7).get());
+    NRVK_LOG_RENDERED(6, "Row(%s)", nrvk::HexText(value, 7).get());
     return OmciMeVoiceServiceProfileImpl::setRingingEventTable(value);
 }
