@@ -209,7 +209,7 @@ void OmciManagedEntitiesCore::swapSubtendedHostInstanceId(bool connected)
     const std::lock_guard<std::mutex> lock(registrar->getMutex());
     m_IsNrvkOltConnected = connected;
     // Expanded afresh, so that the table and the board's addresses are those of this moment.
-    OmciManagedEntitiesCore current;
+    OmciManagedEntitiesCore current(WithoutRecords{});
     if (connected) {
         struct Swap
         {

@@ -7,6 +7,7 @@
 #include "HALFactory.h"
 #include "OmciManagedEntityRegistrar.h"
 #include "StartupTable.h"
+#include "impl/BigEndian.h"
 #include "impl/Log.h"
 
 void* nrvkHalPtr = nullptr;
@@ -38,6 +39,16 @@ std::size_t numberBytes(EnumStartupValueKind kind)
     }
 }
 
+/// atoi as it is: hexadecimal text gives 0, and a negative number is sign-extended.
+unsigned long long numberOf(const unsigned char (&text)[kTextFieldBytes])
+{
+    // Nine in ten are a digit alone.
+    if (text[0] >= '0' && text[0] <= '9' && text[1] == '\0') {
+        return text[0] - static_cast<unsigned long long>('0');
+    }
+    return static_cast<unsigned long long>(std::atoi(reinterpret_cast<const char*>(text)));
+}
+
 /// The value's bytes in network order; empty for a kind that gives no entry.
 std::vector<unsigned char> valueBytes(EnumStartupValueKind kind, const unsigned char (&text)[kTextFieldBytes])
 {
@@ -45,13 +56,41 @@ std::vector<unsigned char> valueBytes(EnumStartupValueKind kind, const unsigned 
         return {text, text + kOctetValueBytes};
     }
     std::vector<unsigned char> bytes(numberBytes(kind));
-    // atoi as it is: hexadecimal text gives 0, and a negative number is sign-extended.
-    auto value = static_cast<unsigned long long>(std::atoi(reinterpret_cast<const char*>(text)));
-    for (std::size_t i = bytes.size(); i-- > 0;) {
-        bytes[i] = static_cast<unsigned char>(value);
-        value >>= 8;
-    }
+    nrvk::writeBigEndian(bytes.data(), bytes.size(), numberOf(text));
     return bytes;
+}
+
+using AttributeValueMap = std::map<unsigned int, std::vector<unsigned char>>;
+
+/// Entries that are there already stay as they are.
+void buildAttributeValueMap(const DefaultConfigManagedEntity& row, unsigned short instance, AttributeValueMap& values)
+{
+    NRVK_LOG(6, "Managed entity(%hu; %hu) to build", row.classId, instance);
+    // The instance's entries follow each other in the map: found once, each goes in where the one before it went.
+    const unsigned int instanceKey = static_cast<unsigned int>(instance) << 16;
+    const auto behind = values.upper_bound(instanceKey | 0xFFFFU);
+    constexpr unsigned int attributes = std::size(DefaultConfigManagedEntity{}.attributeKinds);
+    for (unsigned int attribute = attributes; attribute-- > 0;) {
+        const EnumStartupValueKind kind = row.attributeKinds[attribute];
+        if (kind == STARTUP_VALUE_OCTETS || numberBytes(kind) != 0) {
+            values.try_emplace(behind, instanceKey | (0x8000U >> attribute),
+                               valueBytes(kind, row.attributeValues[attribute]));
+        }
+    }
+    NRVK_LOG(6, "Attribute value map size(%hu)", static_cast<unsigned short>(values.size()));
+}
+
+/// Construction's lines are those of `init`, whichever function they stand in.
+#define LINE_OF_INIT(...)                                                                                              \
+    do {                                                                                                               \
+        static const nrvk::LogSite site{nrvk::LogName("init"), nrvk::LogName(__FILE__), __LINE__, 6};                  \
+        nrvk::logLine(site, __VA_ARGS__);                                                                              \
+    } while (false)
+
+/// A count that a host gave to a class without numbering has no instances to make.
+unsigned int instanceCount(const DefaultConfigManagedEntity& row)
+{
+    return row.instanceFunction != nullptr ? row.instanceCount : 0U;
 }
 
 }  // namespace
@@ -70,6 +109,20 @@ OmciManagedEntitiesCore::OmciManagedEntitiesCore(BoardSpecificConfig config)
 {
     updatingBoardParams(config);
     init(std::string());
+}
+
+OmciManagedEntitiesCore::OmciManagedEntitiesCore(WithoutRecords)
+{
+    setUp(std::string());
+    if (nrvk::isDropped(6)) {
+        passThrough();
+    } else {
+        // The lines tell of maps that grow: they are made for whoever reads them.
+        expandIntoRecords();
+        m_ManagedEntities.clear();
+    }
+    LINE_OF_INIT("Number of managed entities supported(%u)",
+                 static_cast<unsigned int>(std::size(defaultConfigManagedEntity)));
 }
 
 OmciManagedEntitiesCore::~OmciManagedEntitiesCore() = default;
@@ -94,42 +147,59 @@ void OmciManagedEntitiesCore::setSoftwareVersionConfigurationFile(std::string fi
 
 void OmciManagedEntitiesCore::init(const std::string& factoryFile)
 {
-    NRVK_LOG(6, "Factory file(%s)", factoryFile.c_str());
+    setUp(factoryFile);
+    expandIntoRecords();
+    NRVK_LOG(6, "Number of managed entities supported(%u)", static_cast<unsigned int>(m_ManagedEntities.size()));
+}
+
+void OmciManagedEntitiesCore::setUp(const std::string& factoryFile)
+{
+    LINE_OF_INIT("Factory file(%s)", factoryFile.c_str());
     nrvkHalPtr = HALFactory::getInstance()->CreateHALObject(0);
     if (!factoryFile.empty()) {
         m_FactoryConfigurationFile = factoryFile;
         updateOnuG_PartNumber();
     }
+}
+
+void OmciManagedEntitiesCore::edit(DefaultConfigManagedEntity& row, unsigned char index)
+{
+    if (row.updateFunction != nullptr) {
+        row.updateFunction(index, row.attributeValues, m_FactoryConfigurationFile);
+    }
+}
+
+void OmciManagedEntitiesCore::expandIntoRecords()
+{
     m_ManagedEntities.reserve(std::size(defaultConfigManagedEntity));
     for (DefaultConfigManagedEntity& row : defaultConfigManagedEntity) {
         StartupConfigManagedEntity& record = m_ManagedEntities.emplace_back();
         record.classId = row.classId;
-        // A count that a host gave to a class without numbering has no instances to make.
-        const unsigned int count = row.instanceFunction != nullptr ? row.instanceCount : 0U;
+        const unsigned int count = instanceCount(row);
         for (unsigned int index = 0; index < count; ++index) {
             const unsigned short instance = row.instanceFunction(static_cast<unsigned char>(index));
             record.instances.push_back(instance);
-            if (row.updateFunction != nullptr) {
-                row.updateFunction(static_cast<unsigned char>(index), row.attributeValues, m_FactoryConfigurationFile);
-            }
-            buildAttributeValueMap(row, instance, record.attributeValues);
+            edit(row, static_cast<unsigned char>(index));
+            ::buildAttributeValueMap(row, instance, record.attributeValues);
         }
     }
-    NRVK_LOG(6, "Number of managed entities supported(%u)", static_cast<unsigned int>(m_ManagedEntities.size()));
+}
+
+void OmciManagedEntitiesCore::passThrough()
+{
+    for (DefaultConfigManagedEntity& row : defaultConfigManagedEntity) {
+        const unsigned int count = instanceCount(row);
+        for (unsigned int index = 0; index < count; ++index) {
+            row.instanceFunction(static_cast<unsigned char>(index));
+            edit(row, static_cast<unsigned char>(index));
+        }
+    }
 }
 
 void OmciManagedEntitiesCore::buildAttributeValueMap(DefaultConfigManagedEntity row, unsigned short instance,
                                                      std::map<unsigned int, std::vector<unsigned char>>& values)
 {
-    NRVK_LOG(6, "Managed entity(%hu; %hu) to build", row.classId, instance);
-    for (unsigned int attribute = 0; attribute < std::size(row.attributeKinds); ++attribute) {
-        std::vector<unsigned char> bytes = valueBytes(row.attributeKinds[attribute], row.attributeValues[attribute]);
-        if (!bytes.empty()) {
-            const unsigned int key = (static_cast<unsigned int>(instance) << 16) | (0x8000U >> attribute);
-            values.emplace(key, std::move(bytes));
-        }
-    }
-    NRVK_LOG(6, "Attribute value map size(%hu)", static_cast<unsigned short>(values.size()));
+    ::buildAttributeValueMap(row, instance, values);
 }
 
 int OmciManagedEntitiesCore::getDefaultConfigManagedEntity(unsigned short classId, unsigned short instance,
@@ -143,10 +213,11 @@ int OmciManagedEntitiesCore::getDefaultConfigManagedEntity(unsigned short classI
         }
         record.classId = classId;
         record.instances.push_back(instance);
-        buildAttributeValueMap(row, instance, record.attributeValues);
+        ::buildAttributeValueMap(row, instance, record.attributeValues);
         OmciManagedEntityRegistrar::getInstance()->addManagedEntityInstance(record);
         clearOmciManagedEntitiesAndInstances(record);
-        NRVK_LOG(6, "Number of managed entities supported(%u)", static_cast<unsigned int>(m_ManagedEntities.size()));
+        NRVK_LOG(6, "Number of managed entities supported(%u)",
+                 static_cast<unsigned int>(std::size(defaultConfigManagedEntity)));
         return 0;
     }
     NRVK_LOG(4, "Managed entity(%hu; %hu) not supported", classId, instance);

@@ -33,6 +33,11 @@ public:
     explicit OmciManagedEntitiesCore(std::string factoryFile);
     /// Writes the board's counts into the start-up table first.
     explicit OmciManagedEntitiesCore(BoardSpecificConfig config);
+    struct WithoutRecords
+    {};
+    /// Does all that construction does and keeps no records: for reaching the update entries for a moment.
+    /// getManagedEntitiesCore then gives none.
+    explicit OmciManagedEntitiesCore(WithoutRecords);
     virtual ~OmciManagedEntitiesCore();
 
     /// Path of the boot side's file, kept for the host.
@@ -260,6 +265,11 @@ public:
     /// @}
 
 private:
+    void setUp(const std::string& factoryFile);
+    static void edit(DefaultConfigManagedEntity& row, unsigned char index);
+    void expandIntoRecords();
+    void passThrough();
+
     std::vector<StartupConfigManagedEntity> m_ManagedEntities;
 };
 

@@ -6,7 +6,7 @@ namespace nrvk {
 
 void readSoftwareImageDescriptions()
 {
-    OmciManagedEntitiesCore core;
+    OmciManagedEntitiesCore core(OmciManagedEntitiesCore::WithoutRecords{});
     core.setSoftwareVersionConfigurationFile("/opt/addons/etc/appinfo.ini");
     core.updateSoftwareImageMEs();
 }

@@ -17,7 +17,8 @@ int OmciMeOltGImplExtended::setOltVendorId(unsigned int value)
 {
     OmciMeOltGImpl::setOltVendorId(value);
     if (value != kUnknownVendor) {
-        OmciManagedEntitiesCore().swapSubtendedHostInstanceId(value == kOwnVendor);
+        OmciManagedEntitiesCore(OmciManagedEntitiesCore::WithoutRecords{})
+            .swapSubtendedHostInstanceId(value == kOwnVendor);
     }
     if (OmciHardwareIfc* hardware = nrvk::hardwareOrLog()) {
         hardware->notifyOltVendorId();

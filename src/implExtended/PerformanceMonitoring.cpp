@@ -9,7 +9,8 @@ namespace nrvk {
 unsigned short enterIntoPicture(unsigned short classId, unsigned short instance)
 {
     StartupConfigManagedEntity record;
-    OmciManagedEntitiesCore().getDefaultConfigManagedEntity(classId, instance, record);
+    OmciManagedEntitiesCore(OmciManagedEntitiesCore::WithoutRecords{})
+        .getDefaultConfigManagedEntity(classId, instance, record);
     OmciManagedEntityRegistrar::getInstance()->addManagedEntityInstance(record);
     return instance;
 }
@@ -17,7 +18,8 @@ unsigned short enterIntoPicture(unsigned short classId, unsigned short instance)
 void lookUpDefaultConfig(unsigned short classId, unsigned short instance)
 {
     StartupConfigManagedEntity record;
-    OmciManagedEntitiesCore().getDefaultConfigManagedEntity(classId, instance, record);
+    OmciManagedEntitiesCore(OmciManagedEntitiesCore::WithoutRecords{})
+        .getDefaultConfigManagedEntity(classId, instance, record);
 }
 
 void refreshByAction(RefreshByAction operation, EnumOmciAction action, unsigned short instance)
