@@ -1,6 +1,7 @@
 // Values on their way into live instances: start-up values, and changes at run time.
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdio>
 #include <memory>
 #include <type_traits>
@@ -22,42 +23,43 @@ unsigned int attributeKey(unsigned short instance, unsigned short attributeMask)
     return (static_cast<unsigned int>(instance) << 16) | attributeMask;
 }
 
-/// A value as text for a log line, without the heap.
-class ValueText
-{
-public:
-    template <typename T, std::enable_if_t<std::is_integral_v<T>, int> = 0>
-    explicit ValueText(T value)
-    {
-        std::snprintf(m_Text.data(), m_Text.size(), "%llu", static_cast<unsigned long long>(value));
-    }
-    explicit ValueText(const std::string& value)
-    {
-        const std::size_t length = value.copy(m_Text.data(), m_Text.size() - 1);
-        m_Text[length] = '\0';
-    }
-
-    const char* get() const { return m_Text.data(); }
-
-private:
-    std::array<char, 64> m_Text;
-};
-
-template <typename T>
-void storeNumber(std::vector<unsigned char>& stored, T value)
-{
-    stored.resize(sizeof(T));
-    nrvk::writeBigEndian(stored.data(), stored.size(), value);
-}
-
-void storeText(std::vector<unsigned char>& stored, const std::string& value)
-{
-    // A shorter text is filled up with zeros, a longer one makes the value longer.
-    stored.resize(std::max(stored.size(), value.size()));
-    std::fill(std::copy(value.begin(), value.end(), stored.begin()), stored.end(), static_cast<unsigned char>(0));
-}
-
 }  // namespace
+
+struct OmciManagedEntityRegistrar::ReportedValue
+{
+    /// For a log line, without the heap.
+    using Text = std::array<char, 64>;
+
+    explicit ReportedValue(const std::string& value) : text(&value) {}
+    ReportedValue(unsigned long long value, std::size_t width) : number(value), bytes(width) {}
+
+    Text render() const
+    {
+        Text rendered;
+        if (text == nullptr) {
+            std::snprintf(rendered.data(), rendered.size(), "%llu", number);
+        } else {
+            rendered[text->copy(rendered.data(), rendered.size() - 1)] = '\0';
+        }
+        return rendered;
+    }
+
+    void store(std::vector<unsigned char>& stored) const
+    {
+        if (text == nullptr) {
+            stored.resize(bytes);
+            nrvk::writeBigEndian(stored.data(), bytes, number);
+            return;
+        }
+        // A shorter text is filled up with zeros, a longer one makes the value longer.
+        stored.resize(std::max(stored.size(), text->size()));
+        std::fill(std::copy(text->begin(), text->end(), stored.begin()), stored.end(), static_cast<unsigned char>(0));
+    }
+
+    unsigned long long number = 0;
+    std::size_t bytes = 0;
+    const std::string* text = nullptr;
+};
 
 int OmciManagedEntityRegistrar::setManagedEntityAttribute(unsigned short classId, unsigned short instance,
                                                           unsigned short attributeMask,
@@ -115,46 +117,29 @@ void OmciManagedEntityRegistrar::writeStoredAttributes(const StartupConfigManage
     }
 }
 
-template <typename T>
-int OmciManagedEntityRegistrar::updateAttribute(Picture::iterator managedEntity, unsigned short instance,
-                                                unsigned short attributeMask, T value)
+std::vector<unsigned char>* OmciManagedEntityRegistrar::updateAttribute(Picture::iterator managedEntity,
+                                                                        unsigned short instance,
+                                                                        unsigned short attributeMask,
+                                                                        const ReportedValue& value)
 {
     const unsigned int key = attributeKey(instance, attributeMask);
     const auto entry = managedEntity->attributeValues.find(key);
-    int result = -1;
-    if (entry == managedEntity->attributeValues.end()) {
-        NRVK_LOG(4, "Key(%d) not found", key);
+    const bool found = entry != managedEntity->attributeValues.end();
+    if (found) {
+        NRVK_LOG_RENDERED(6, "Updating with (%s)", value.render().data());
+        value.store(entry->second);
     } else {
-        NRVK_LOG(6, "Updating with (%s)", ValueText(value).get());
-        storeNumber(entry->second, value);
-        result = 0;
+        NRVK_LOG(4, "Key(%d) not found", key);
     }
-    NRVK_LOG(6, "Result(%d)", result);
-    return result;
+    NRVK_LOG(6, "Result(%d)", found ? 0 : -1);
+    return found ? &entry->second : nullptr;
 }
 
-int OmciManagedEntityRegistrar::updateAttribute(Picture::iterator managedEntity, unsigned short instance,
-                                                unsigned short attributeMask, const std::string& value)
-{
-    const unsigned int key = attributeKey(instance, attributeMask);
-    const auto entry = managedEntity->attributeValues.find(key);
-    int result = -1;
-    if (entry == managedEntity->attributeValues.end()) {
-        NRVK_LOG(4, "Key(%d) not found", key);
-    } else {
-        NRVK_LOG(6, "Updating with (%s)", ValueText(value).get());
-        storeText(entry->second, value);
-        result = 0;
-    }
-    NRVK_LOG(6, "Result(%d)", result);
-    return result;
-}
-
-template <typename T>
 int OmciManagedEntityRegistrar::updateManagedEntity(unsigned short classId, unsigned short instance,
-                                                    unsigned short attributeMask, T value)
+                                                    unsigned short attributeMask, const ReportedValue& value)
 {
-    NRVK_LOG(6, "Managed entity(%hu; %hu; 0x%X); Value(%s)", classId, instance, attributeMask, ValueText(value).get());
+    NRVK_LOG_RENDERED(6, "Managed entity(%hu; %hu; 0x%X); Value(%s)", classId, instance, attributeMask,
+                      value.render().data());
     const auto managedEntity = std::find_if(m_ConfigManagedEntityVector.begin(), m_ConfigManagedEntityVector.end(),
                                             [classId](const auto& record) { return record.classId == classId; });
     if (managedEntity == m_ConfigManagedEntityVector.end()) {
@@ -162,19 +147,29 @@ int OmciManagedEntityRegistrar::updateManagedEntity(unsigned short classId, unsi
                  static_cast<unsigned int>(m_ConfigManagedEntityVector.size()));
         return -1;
     }
-    const int updated = updateAttribute(managedEntity, instance, attributeMask, value);
-    if (updated != 0) {
+    const std::vector<unsigned char>* stored = updateAttribute(managedEntity, instance, attributeMask, value);
+    if (stored == nullptr) {
         NRVK_LOG(3, "Failed to update managed entity(%hu; %hu; 0x%X)", classId, instance, attributeMask);
-        return updated;
+        return -1;
     }
-    const std::vector<unsigned char>& stored = managedEntity->attributeValues[attributeKey(instance, attributeMask)];
     NRVK_LOG(6, "Managed entity(%hu; %hu); Attribute mask(0x%X); Attribute value size(%u)", classId, instance,
-             attributeMask, static_cast<unsigned int>(stored.size()));
-    const int written = writeAttribute(classId, instance, attributeMask, stored.data(), stored.size());
+             attributeMask, static_cast<unsigned int>(stored->size()));
+    const int written = writeAttribute(classId, instance, attributeMask, stored->data(), stored->size());
     if (written != 0) {
         NRVK_LOG(3, "setManagedEntityAttribute(%hu; %hu; 0x%X) failed(%d)", classId, instance, attributeMask, written);
     }
     return 0;
+}
+
+template <typename T>
+int OmciManagedEntityRegistrar::updateManagedEntity(unsigned short classId, unsigned short instance,
+                                                    unsigned short attributeMask, T value)
+{
+    if constexpr (std::is_integral_v<T>) {
+        return updateManagedEntity(classId, instance, attributeMask, ReportedValue(value, sizeof(T)));
+    } else {
+        return updateManagedEntity(classId, instance, attributeMask, ReportedValue(value));
+    }
 }
 
 template NRVK_EXPORT int OmciManagedEntityRegistrar::updateManagedEntity(unsigned short, unsigned short, unsigned short,

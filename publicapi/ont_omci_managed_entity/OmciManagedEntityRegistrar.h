@@ -76,12 +76,14 @@ private:
     OmciManagedEntityRegistrar();
     ~OmciManagedEntityRegistrar();
 
-    template <typename T>
-    int updateAttribute(Picture::iterator managedEntity, unsigned short instance, unsigned short attributeMask,
-                        T value);
-    int updateAttribute(Picture::iterator managedEntity, unsigned short instance, unsigned short attributeMask,
-                        const std::string& value);
+    /// A value on its way into the picture, whatever its type: six types share one road.
+    struct ReportedValue;
 
+    int updateManagedEntity(unsigned short classId, unsigned short instance, unsigned short attributeMask,
+                            const ReportedValue& value);
+    /// The stored bytes after the change, or null when the picture has no entry.
+    std::vector<unsigned char>* updateAttribute(Picture::iterator managedEntity, unsigned short instance,
+                                                unsigned short attributeMask, const ReportedValue& value);
     int writeAttribute(unsigned short classId, unsigned short instance, unsigned short attributeMask,
                        const unsigned char* value, std::size_t length);
     void writeStoredAttributes(const StartupConfigManagedEntity& managedEntity);
