@@ -30,14 +30,11 @@ std::uint16_t maskOf(const std::vector<attributeDefinition>& definitions)
     return mask;
 }
 
-/// 0 for mask 0x8000, 15 for 0x0001.
+/// 0 for mask 0x8000, 15 for 0x0001, 16 for what is no single bit.
 std::size_t indexOf(std::uint16_t mask)
 {
-    std::size_t index = 0;
-    for (std::uint16_t bit = 0x8000; bit != mask && bit != 0; bit = static_cast<std::uint16_t>(bit >> 1)) {
-        ++index;
-    }
-    return index;
+    const bool singleBit = mask != 0 && (mask & (mask - 1)) == 0;
+    return singleBit ? 15U - static_cast<unsigned>(__builtin_ctz(mask)) : 16U;
 }
 
 }  // namespace

@@ -150,10 +150,9 @@ Dispatcher::Reply Dispatcher::refuseMalformed(const Decoded& decoded, std::size_
 }
 
 bool Dispatcher::isCopy(const FrameHeader& header, const std::uint8_t* bytes, std::size_t significant,
-                        std::uint64_t peer, Reply& reply)
+                        std::uint64_t peer, Clock::time_point now, Reply& reply)
 {
     LastRequest& last = m_LastRequests[header.transactionId >> 15];
-    const Clock::time_point now = Clock::now();
     if (last.peer == peer && last.requestLength == significant &&
         std::memcmp(last.request.data(), bytes, significant) == 0 && now - last.time <= kRetransmissionTime) {
         last.time = now;
@@ -175,13 +174,14 @@ bool Dispatcher::isCopy(const FrameHeader& header, const std::uint8_t* bytes, st
 Dispatcher::Reply Dispatcher::run(const FrameView& view, const std::uint8_t* bytes, std::uint64_t peer)
 {
     const FrameHeader& header = view.header;
+    const Clock::time_point start = Clock::now();
     // Id 0 is no identity: tools that never set one would get stale answers.
     const bool kept = header.acknowledgeRequest && header.transactionId != 0;
     LastRequest& last = m_LastRequests[kept ? header.transactionId >> 15 : m_LastRequests.size() - 1];
     // Up to the end of the contents: trailer and MIC say nothing that these octets do not.
     const std::size_t significant = static_cast<std::size_t>(view.contents + view.contentsLength - bytes);
     Reply known;
-    if (kept && isCopy(header, bytes, significant, peer, known)) {
+    if (kept && isCopy(header, bytes, significant, peer, start, known)) {
         ++m_Statistics.retransmissions;
         m_Statistics.replies += known.length != 0 ? 1 : 0;
         return known;
@@ -189,12 +189,13 @@ Dispatcher::Reply Dispatcher::run(const FrameView& view, const std::uint8_t* byt
     // A section within a window, which nobody answers.
     const bool isSection = header.type == MessageType::DownloadSection && header.transactionId != 0;
     if (isSection && !kept &&
-        m_RecentRequests->find(peer, header, bytes, significant, Clock::now(), kRetransmissionTime).isCopy) {
+        m_RecentRequests->find(peer, header, bytes, significant, start, kRetransmissionTime).isCopy) {
         ++m_Statistics.retransmissions;
         return {};
     }
     m_Frame.setRequest(view);
-    executeTimed(header);
+    executeGuarded();
+    countTime(header, Clock::now() - start);
     last.replyLength = m_Frame.hasReply() ? encodeReply(header, last.reply.data()) : 0;
     if (kept) {
         m_RecentRequests->remember(last.reply.data(), last.replyLength);
@@ -208,15 +209,22 @@ Dispatcher::Reply Dispatcher::run(const FrameView& view, const std::uint8_t* byt
     return header.acknowledgeRequest ? Reply{last.reply.data(), last.replyLength} : Reply{};
 }
 
-void Dispatcher::executeTimed(const FrameHeader& header)
+HandlerTime& Dispatcher::handlerTime(std::uint16_t entityClass)
 {
-    const Clock::time_point start = Clock::now();
-    executeGuarded();
-    const auto taken = std::chrono::duration_cast<std::chrono::nanoseconds>(Clock::now() - start);
+    KnownHandler& known = m_KnownHandlers[entityClass % m_KnownHandlers.size()];
+    if (known.time == nullptr || known.entityClass != entityClass) {
+        // Entries of the map stay where they are for as long as the dispatcher lives.
+        known = {entityClass, &m_Statistics.handlers[entityClass]};
+    }
+    return *known.time;
+}
+
+void Dispatcher::countTime(const FrameHeader& header, std::chrono::nanoseconds taken)
+{
     if (m_Frame.getReplyResult() == static_cast<unsigned char>(Result::UnknownManagedEntity)) {
         return;
     }
-    HandlerTime& handler = m_Statistics.handlers[header.entityClass];
+    HandlerTime& handler = handlerTime(header.entityClass);
     ++handler.requests;
     handler.total += taken;
     if (taken > handler.slowest) {

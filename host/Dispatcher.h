@@ -71,14 +71,22 @@ private:
         std::array<std::uint8_t, kMaximumFrameLength> reply;
     };
 
+    /// An entry of the statistics, found without a search.
+    struct KnownHandler
+    {
+        std::uint16_t entityClass = 0;
+        HandlerTime* time = nullptr;
+    };
+
     Reply drop(DropReason reason, const FrameHeader* header, std::size_t length);
     Reply refuseMalformed(const Decoded& decoded, std::size_t length);
     Reply run(const FrameView& view, const std::uint8_t* bytes, std::uint64_t peer);
     /// Whether this is a copy of an earlier request, with the reply that one had. A new one is remembered as the last.
     bool isCopy(const FrameHeader& header, const std::uint8_t* bytes, std::size_t significant, std::uint64_t peer,
-                Reply& reply);
-    void executeTimed(const FrameHeader& header);
+                Clock::time_point now, Reply& reply);
     void executeGuarded();
+    void countTime(const FrameHeader& header, std::chrono::nanoseconds taken);
+    HandlerTime& handlerTime(std::uint16_t entityClass);
     std::size_t encodeReply(const FrameHeader& request, std::uint8_t* out);
     void count(const FrameHeader& header);
 
@@ -86,6 +94,7 @@ private:
     Notifier* m_Notifier;
     CommandExecutor m_Executor;
     Statistics m_Statistics;
+    std::array<KnownHandler, 256> m_KnownHandlers{};
     OmciFrame m_Frame;
     bool m_BaselineOnly = false;
     /// By the priority bit of the transaction id; the third is for requests that are not kept.

@@ -4,6 +4,12 @@
 
 #include "AttributeLists.h"
 
+namespace {
+
+constexpr std::size_t kPageSize = 256;
+
+}  // namespace
+
 OmciMeFactory* OmciMeFactory::getInstance()
 {
     // Never destroyed: adapters may log and register from static destructors.
@@ -17,35 +23,52 @@ int OmciMeFactory::registerManagedEntity(unsigned short classId, OmciMe* me)
         return -1;
     }
     omci::AttributeListCache::instance().forget(classId);
-    const std::unique_lock lock(m_Mutex);
-    m_ManagedEntities[classId] = me;
+    const std::lock_guard lock(m_Writers);
+    std::atomic<Page*>& page = m_Pages[classId / kPageSize];
+    if (page.load(std::memory_order_relaxed) == nullptr) {
+        page.store(new Page{}, std::memory_order_release);
+    }
+    (*page.load(std::memory_order_relaxed))[classId % kPageSize].store(me, std::memory_order_release);
     return 0;
 }
 
 int OmciMeFactory::unregisterManagedEntity(unsigned short classId)
 {
     omci::AttributeListCache::instance().forget(classId);
-    const std::unique_lock lock(m_Mutex);
-    m_ManagedEntities.erase(classId);
+    const std::lock_guard lock(m_Writers);
+    if (Page* const page = m_Pages[classId / kPageSize].load(std::memory_order_relaxed)) {
+        (*page)[classId % kPageSize].store(nullptr, std::memory_order_release);
+    }
     return 0;
 }
 
 OmciMe* OmciMeFactory::getManagedEntity(unsigned short classId) const
 {
-    const std::shared_lock lock(m_Mutex);
-    const auto found = m_ManagedEntities.find(classId);
-    return found == m_ManagedEntities.end() ? nullptr : found->second;
+    const Page* const page = m_Pages[classId / kPageSize].load(std::memory_order_acquire);
+    return page == nullptr ? nullptr : (*page)[classId % kPageSize].load(std::memory_order_acquire);
+}
+
+OmciMe* OmciMeFactory::from(std::size_t classId) const
+{
+    for (std::size_t index = classId / kPageSize; index < m_Pages.size(); ++index) {
+        if (const Page* const page = m_Pages[index].load(std::memory_order_acquire)) {
+            for (std::size_t entry = classId % kPageSize; entry < page->size(); ++entry) {
+                if (OmciMe* const me = (*page)[entry].load(std::memory_order_acquire)) {
+                    return me;
+                }
+            }
+        }
+        classId = 0;
+    }
+    return nullptr;
 }
 
 OmciMe* OmciMeFactory::getFirstManagedEntity() const
 {
-    const std::shared_lock lock(m_Mutex);
-    return m_ManagedEntities.empty() ? nullptr : m_ManagedEntities.begin()->second;
+    return from(0);
 }
 
 OmciMe* OmciMeFactory::getNextManagedEntity(unsigned short classId) const
 {
-    const std::shared_lock lock(m_Mutex);
-    const auto next = m_ManagedEntities.upper_bound(classId);
-    return next == m_ManagedEntities.end() ? nullptr : next->second;
+    return from(classId + std::size_t{1});
 }

@@ -27,7 +27,7 @@ constexpr std::size_t kDropReasons = 8;
 /// The reason in words for people; static texts.
 const char* dropReasonName(DropReason reason);
 
-/// How long the requests to one class took inside the library.
+/// How long the requests to one class took, from the arrival of the frame until its reply was known.
 struct HandlerTime
 {
     std::uint64_t requests = 0;          ///< taken, refused ones included

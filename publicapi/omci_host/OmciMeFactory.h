@@ -1,8 +1,10 @@
 #ifndef OMCI_HOST_OMCI_ME_FACTORY_H
 #define OMCI_HOST_OMCI_ME_FACTORY_H
 
-#include <map>
-#include <shared_mutex>
+#include <array>
+#include <atomic>
+#include <cstddef>
+#include <mutex>
 
 class OmciMe;
 
@@ -28,8 +30,15 @@ public:
 private:
     OmciMeFactory() = default;
 
-    mutable std::shared_mutex m_Mutex;
-    std::map<unsigned short, OmciMe*> m_ManagedEntities;
+    /// The adapters of 256 neighbouring class numbers.
+    using Page = std::array<std::atomic<OmciMe*>, 256>;
+
+    /// The first adapter at or above the class number, which may be one too many.
+    OmciMe* from(std::size_t classId) const;
+
+    /// Readers take no lock: every message asks for its adapter. Pages are made at need and never go.
+    std::array<std::atomic<Page*>, 256> m_Pages{};
+    std::mutex m_Writers;
 };
 
 #endif
