@@ -69,10 +69,20 @@ bool RecentRequests::isBehindItsWindow(const Sender& sender) const
     return m_WindowEnd.transactionId != 0 && m_WindowEnd.peer == sender.peer && behind != 0 && behind < kKnown;
 }
 
-/// Whether a section that is no copy comes too late all the same.
-bool RecentRequests::isLateSection(const Sender& sender, bool isNewId)
+void RecentRequests::noteSection(const Sender& sender)
 {
-    const bool isBehind = isNewId && isBehindItsWindow(sender);
+    constexpr int nearby = 64;
+    const int distance = static_cast<std::int16_t>((sender.transactionId - m_LastSection.transactionId) * 2) / 2;
+    const bool counts = sender.peer == m_LastSection.peer && distance >= -nearby && distance <= nearby;
+    m_Counted = counts ? m_Counted + 1 : 0;
+    m_LastSection = sender;
+}
+
+/// Whether a section that is no copy comes too late all the same. One that ends a window is always run: should the ids
+/// have misled, the OLT hears of an error and sends the window again.
+bool RecentRequests::isLateSection(const Sender& sender, bool endsWindow, bool isNewId)
+{
+    const bool isBehind = !endsWindow && isNewId && m_Counted >= kCounts && isBehindItsWindow(sender);
     if (isBehind && m_RefusedWindow == 0) {
         return true;
     }
@@ -98,7 +108,7 @@ RecentRequests::Found RecentRequests::find(std::uint64_t peer, const FrameHeader
         entry.time = now;
         return {true, replyOf(entry)};
     }
-    if (isSection && !isSame && isLateSection(sender, !isKnown)) {
+    if (isSection && !isSame && isLateSection(sender, header.acknowledgeRequest, !isKnown)) {
         return {true, {}};
     }
     if (isKnown && !isSame) {
@@ -107,7 +117,9 @@ RecentRequests::Found RecentRequests::find(std::uint64_t peer, const FrameHeader
     if (header.type == MessageType::StartSoftwareDownload) {
         m_WindowEnd = {};
     }
-    m_LastSection = isSection ? sender : m_LastSection;
+    if (isSection) {
+        noteSection(sender);
+    }
     entry = {peer, digest, now, 0, header.transactionId, isSection ? m_Window : 0};
     m_Asked = &entry;
     return {};

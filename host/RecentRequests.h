@@ -20,8 +20,9 @@ namespace omci {
 /// they may run twice, and are to tell what holds now.
 ///
 /// Download sections are known too, for one that comes in a later window would be taken for that window's; so would one
-/// that was on its way for so long that a whole window has overtaken it, which the id tells. The sections of a refused
-/// window come again: with ids of their own from an OLT that counts, else with the same.
+/// that was on its way for so long that a whole window has overtaken it, which the id tells where the OLT counts its
+/// sections. The sections of a refused window come again: with ids of their own from an OLT that counts, else with the
+/// same.
 class RecentRequests
 {
 public:
@@ -31,6 +32,8 @@ public:
     static constexpr std::size_t kKnown = 1024;
     /// Of the last ones, the reply is still there.
     static constexpr std::size_t kReplies = 16;
+    /// So many sections with neighbouring ids show that the OLT counts them.
+    static constexpr unsigned kCounts = 8;
 
     /// Octets of a reply; null when it is not there any more, and the OLT does not wait for it any more either.
     struct Reply
@@ -78,7 +81,8 @@ private:
 
     bool isSentAgain(const Entry& entry) const;
     bool isBehindItsWindow(const Sender& sender) const;
-    bool isLateSection(const Sender& sender, bool isNewId);
+    void noteSection(const Sender& sender);
+    bool isLateSection(const Sender& sender, bool endsWindow, bool isNewId);
     Reply replyOf(const Entry& entry) const;
     void forgetPeer(std::uint64_t peer);
 
@@ -93,6 +97,8 @@ private:
     std::uint32_t m_RefusedWindow = 0;
     /// The last section that was new, and the last one that ended a window of the present download.
     Sender m_LastSection;
+    /// New sections in a row whose id was near that of the one before.
+    unsigned m_Counted = 0;
     Sender m_WindowEnd;
 };
 

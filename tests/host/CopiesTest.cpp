@@ -1,6 +1,8 @@
 // Copies of requests that a network delivers late, doubled or out of order.
 
 #include <chrono>
+#include <random>
+#include <string>
 
 #include "DispatcherFixture.h"
 #include "host/RecentRequests.h"
@@ -141,13 +143,23 @@ namespace {
 class Sections : public testing::Test
 {
 protected:
-    bool isCopy(std::uint16_t transactionId, const std::string& hex, MessageType type = MessageType::DownloadSection)
+    bool isCopy(std::uint16_t transactionId, const std::string& hex, MessageType type = MessageType::DownloadSection,
+                bool endsWindow = false)
     {
         FrameHeader section;
         section.type = type;
         section.transactionId = transactionId;
+        section.acknowledgeRequest = endsWindow;
         const Bytes octets = fromHex(hex);
         return recent.find(1, section, octets.data(), octets.size(), now, std::chrono::seconds(3)).isCopy;
+    }
+
+    /// New sections with these ids.
+    void count(std::uint16_t first, std::uint16_t last)
+    {
+        for (std::uint16_t id = first; id <= last; ++id) {
+            EXPECT_FALSE(isCopy(id, std::to_string(1000 + id)));
+        }
     }
 
     RecentRequests recent;
@@ -186,11 +198,33 @@ TEST_F(Sections, OfARefusedWindowAreLateOnceItComesWithNewIds)
 
 TEST_F(Sections, OvertakenByItsWindowIsLateThoughItNeverCame)
 {
-    EXPECT_FALSE(isCopy(5, "00AA"));
-    EXPECT_FALSE(isCopy(7, "02CC"));
+    count(1, 20);
+    EXPECT_FALSE(isCopy(22, "02CC"));
     recent.endWindow(true);
-    EXPECT_FALSE(isCopy(8, "00AA"));
-    EXPECT_TRUE(isCopy(6, "01BB"));
+    EXPECT_FALSE(isCopy(23, "00AA"));
+    EXPECT_TRUE(isCopy(21, "01BB"));
+}
+
+TEST_F(Sections, AnOltWhoseIdsDoNotCountIsHeard)
+{
+    std::mt19937 random(1);
+    for (int window = 0; window < 100; ++window) {
+        for (int section = 0; section < 32; ++section) {
+            EXPECT_FALSE(isCopy(static_cast<std::uint16_t>(1 + random() % 0x7FFF),
+                                std::to_string(100000 + window * 32 + section)));
+            now += std::chrono::seconds(4);
+        }
+        recent.endWindow(false);
+    }
+}
+
+TEST_F(Sections, OneThatEndsAWindowIsNeverLate)
+{
+    count(1, 20);
+    recent.endWindow(false);
+    now += std::chrono::seconds(4);
+    EXPECT_TRUE(isCopy(10, "07AA"));
+    EXPECT_FALSE(isCopy(10, "07AA", MessageType::DownloadSection, true));
 }
 
 TEST_F(Sections, LostOneOfARefusedWindowMayComeWithItsFirstId)
