@@ -70,3 +70,14 @@ run_ctest() {
     (cd "$ROOT" && ctest --preset "$preset" --parallel "$JOBS" --no-tests=error \
         --output-junit "$ROOT/build/$preset/ctest.xml" "$@" </dev/null)
 }
+
+# private_apt FOLDER ARGUMENT...: apt-get with a package state of its own below FOLDER, in which nothing is installed. The
+# machine's state stays as it is, and no privileges are needed.
+private_apt() {
+    local folder="$1"
+    shift
+    mkdir -p "$folder/state/lists/partial" "$folder/cache/archives/partial"
+    touch "$folder/status"
+    apt-get -qq -o "Dir::State=$folder/state" -o "Dir::State::status=$folder/status" -o "Dir::Cache=$folder/cache" \
+        -o APT::Sandbox::User= "$@" </dev/null
+}
