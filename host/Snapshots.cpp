@@ -2,11 +2,15 @@
 
 #include <array>
 #include <cstring>
+#include <exception>
+#include <new>
 #include <string>
 
 #include "AttributeLists.h"
 #include "ByteOrder.h"
+#include "LogSink.h"
 #include "MessageLayout.h"
+#include "omci_host/Logger.h"
 #include "omci_host/OmciFrame.h"
 #include "omci_host/OmciMe.h"
 #include "omci_host/OmciMeFactory.h"
@@ -80,6 +84,28 @@ private:
     std::array<unsigned char, OmciFrame::kMaximumContentLength + OmciFrame::kSpareLength> m_Contents;
 };
 
+/// Reads one value for a snapshot. A read that throws, as one may that asks the hardware, fails for itself alone: the
+/// rest of the MIB is still worth an upload. Without memory there is none.
+bool readValue(const OmciMe& me, unsigned short instance, const attributeDefinition& definition, unsigned char* value)
+{
+    const auto leaveOut = [&](const char* problem) {
+        Logger::getInstance(omci::kHostLoggerId)
+            ->writeToLog(0, "readValue", "host/Snapshots.cpp", __LINE__, 3,
+                         "Managed entity(%hu; %hu); Attribute mask(0x%04X) left out(%s)", me.getManagedEntityClassId(),
+                         instance, definition.attributeMask, problem);
+        return false;
+    };
+    try {
+        return me.getAttribute(instance, &definition, value, OMCI_ACTION_GET) == 0;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& exception) {
+        return leaveOut(exception.what());
+    } catch (...) {
+        return leaveOut("unknown exception");
+    }
+}
+
 /// Packs entities into MIB upload frames. Baseline: one entity a frame, split where its values exceed it. Extended:
 /// entities follow each other; one that does not fit the rest of the frame opens the next.
 class UploadPacker
@@ -131,7 +157,7 @@ private:
             open(me, instance);
         }
         unsigned char* const value = m_Frames.place() + head() + m_Entity.values.size;
-        if (me.getAttribute(instance, &definition, value, OMCI_ACTION_GET) == 0) {
+        if (readValue(me, instance, definition, value)) {
             m_Entity.mask = static_cast<std::uint16_t>(m_Entity.mask | definition.attributeMask);
             m_Entity.values.size += definition.attributeSize;
         }
@@ -169,8 +195,7 @@ public:
             m_Definition.attributeSize = 1;
         }
         unsigned char value[OmciFrame::kSpareLength] = {};
-        return m_Definition.attributeMask != 0 &&
-               me.getAttribute(instance, &m_Definition, value, OMCI_ACTION_GET) == 0 && value[0] != 0;
+        return m_Definition.attributeMask != 0 && readValue(me, instance, m_Definition, value) && value[0] != 0;
     }
 
 private:

@@ -36,6 +36,7 @@ public:
     /// Tells the model what the ONU has made at its start.
     void describeStart(MibModel& mib);
     UploadedValues upload(const ClassList& classes, bool isExtended);
+    ::testing::NiceMock<MockHardware>& hardwareLayer() { return hardware; }
     std::uint16_t lastTransactionId() const { return m_TransactionId; }
 
 private:
