@@ -94,15 +94,18 @@ RecentRequests::Found RecentRequests::find(std::uint64_t peer, const FrameHeader
                                            std::size_t length, Clock::time_point now, Clock::duration longest)
 {
     m_Asked = nullptr;
+    Entry& entry = m_Entries[(header.transactionId + firstPlace(peer)) % kKnown];
+    const bool isKnown =
+        entry.peer == peer && entry.transactionId == header.transactionId && now - entry.time <= longest;
     if (onlyReads(header.type)) {
+        if (isKnown) {
+            forgetPeer(peer);
+        }
         return {};
     }
     const std::uint64_t digest = digestOf(bytes, length);
     const Sender sender{peer, header.transactionId};
     const bool isSection = header.type == MessageType::DownloadSection;
-    Entry& entry = m_Entries[(header.transactionId + firstPlace(peer)) % kKnown];
-    const bool isKnown =
-        entry.peer == peer && entry.transactionId == header.transactionId && now - entry.time <= longest;
     const bool isSame = isKnown && entry.digest == digest;
     if (isSame && !isSentAgain(entry)) {
         entry.time = now;

@@ -13,7 +13,7 @@ import tempfile
 # ten times as much in a full run.
 MOST_GROWTH_KIB = 1024
 # Timers of a software download, a MIB upload and a reading of alarms end later than the last message.
-STANDING_TIMERS = 2
+STANDING_TIMERS = 3
 START_TIMEOUT = 60
 
 

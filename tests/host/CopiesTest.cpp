@@ -100,6 +100,15 @@ TEST_F(Copies, PeerThatDoesNotCountItsTransactionsIsHeardEachTime)
     EXPECT_EQ(0U, dispatcher.statistics().retransmissions);
 }
 
+TEST_F(Copies, PeerThatReadsUnderTheSameIdIsHeardEachTimeToo)
+{
+    handle(set(1, "01"));
+    handle(get(1));
+    me.instances[1].values[0x8000] = fromHex("77");
+    handle(set(1, "01"));
+    EXPECT_EQ("01", value());
+}
+
 TEST_F(Copies, RestartForgetsThem)
 {
     handle(set(5, "01"));
