@@ -52,7 +52,10 @@ std::optional<int> parseOptions(int argc, char** argv, Options& options)
     program.add_flag("--baseline-only", options.baselineOnly, "drop extended messages, and say so in the OMCC version");
     program.add_flag("--describe", options.describe, "print the managed-entity classes as JSON and exit");
     program.set_version_flag("--version", "onu-sim " NRVK_VERSION);
-    program.footer("Example: onu-sim --listen 127.0.0.1:5000 --control /tmp/onu.sock --hardware-log calls.jsonl");
+    program.footer("Examples:\n"
+                   "  onu-sim --listen 127.0.0.1:5000 --control /tmp/onu.sock --hardware-log calls.jsonl\n"
+                   "  onu-sim --listen 127.0.0.1:0 --board board.ini --traffic --pm-interval 10\n\n"
+                   "Exit codes: 0 ended by SIGINT or SIGTERM; 1 cannot start or go on; 2 wrong options");
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

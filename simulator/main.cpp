@@ -14,6 +14,9 @@
 #include "sandbox/Sandbox.h"
 
 namespace {
+constexpr int kFailed = 1;
+constexpr int kUsage = 2;
+
 /// Before any thread exists, so that all inherit it: the event loop takes these signals from a descriptor.
 void blockSignals()
 {
@@ -51,14 +54,14 @@ int main(int argc, char** argv)
 {
     Options options;
     if (const auto exitCode = parseOptions(argc, argv, options)) {
-        return *exitCode;
+        return *exitCode == 0 ? 0 : kUsage;
     }
     blockSignals();
     try {
         run(options);
     } catch (const std::exception& problem) {
         std::cerr << "onu-sim: " << problem.what() << '\n';
-        return 1;
+        return kFailed;
     }
     return 0;
 }

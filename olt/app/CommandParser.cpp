@@ -24,6 +24,29 @@ const char* groupTitle(CommandGroup group)
     return "Tools";
 }
 
+/// The options that a command takes, those of the program among them.
+std::vector<std::string> optionNames(const CLI::App& app)
+{
+    std::vector<std::string> names;
+    for (const CLI::App* level = &app; level != nullptr; level = level->get_parent()) {
+        for (const CLI::Option* const option : level->get_options()) {
+            for (const auto& name : option->get_lnames())
+                names.push_back("--" + name);
+        }
+    }
+    return names;
+}
+
+/// What is said of the first of these words that is an option; nothing when none is.
+std::string explainOption(const CLI::App& app, const std::vector<std::string>& words)
+{
+    const auto option =
+        std::find_if(words.begin(), words.end(), [](const auto& text) { return text.rfind("--", 0) == 0; });
+    if (option == words.end())
+        return "";
+    return "there is no option " + *option + didYouMean(*option, optionNames(app));
+}
+
 }  // namespace
 
 CommandParser::CommandParser(CLI::App& app) : m_App(app)
@@ -49,8 +72,10 @@ std::unique_ptr<Command> CommandParser::take()
 
 std::string CommandParser::explain(const CLI::ParseError& error) const
 {
-    if (!m_App.get_subcommands().empty())
-        return error.what();
+    if (const auto commands = m_App.get_subcommands(); !commands.empty()) {
+        const std::string option = explainOption(*commands.front(), m_App.remaining(true));
+        return option.empty() ? error.what() : option;
+    }
     std::vector<std::string> names;
     for (const auto& entry : commandEntries())
         names.push_back(entry.name);
@@ -58,7 +83,10 @@ std::string CommandParser::explain(const CLI::ParseError& error) const
     const auto word = std::find_if(rest.begin(), rest.end(), [](const auto& text) { return text.rfind('-', 0) != 0; });
     if (word != rest.end())
         return "there is no command \"" + *word + "\"" + didYouMean(*word, names);
-    return rest.empty() ? error.what() : "there is no option " + rest.front();
+    if (rest.empty())
+        return "a command is required";
+    const std::string option = explainOption(m_App, rest);
+    return option.empty() ? "there is no option " + rest.front() : option;
 }
 
 std::unique_ptr<Command> CommandParser::parseWords(std::vector<std::string> words)

@@ -50,7 +50,8 @@ private:
     bool m_WithoutArc = false;
 };
 
-const CommandRegistration<Alarms> registration("alarms", CommandGroup::Action, "List the active alarms");
+const CommandRegistration<Alarms> registration("alarms", CommandGroup::Action, "List the active alarms",
+                                               "Examples:\n  alarms\n  alarms --without-arc");
 
 }  // namespace
 

@@ -101,7 +101,8 @@ private:
 };
 
 const CommandRegistration<Classes> registration("classes", CommandGroup::Tool,
-                                                "List the classes, or the attributes of one; needs no ONU");
+                                                "List the classes, or the attributes of one; needs no ONU",
+                                                "Examples:\n  classes\n  classes GemPortNetworkCtp\n  classes 171");
 
 }  // namespace
 

@@ -115,7 +115,8 @@ private:
 };
 
 const CommandRegistration<Images> registration("images", CommandGroup::Action,
-                                               "Show the ONU's two software images: version, committed, active, valid");
+                                               "Show the ONU's two software images: version, committed, active, valid",
+                                               "Example:\n  images");
 
 }  // namespace
 

@@ -98,8 +98,9 @@ private:
     }
 };
 
-const CommandRegistration<Ip> registration("ip", CommandGroup::Entity, "Show the IP hosts with their addresses",
-                                           "The hosts are found by a MIB upload and then read one by one.");
+const CommandRegistration<Ip>
+    registration("ip", CommandGroup::Entity, "Show the IP hosts with their addresses",
+                 "The hosts are found by a MIB upload and then read one by one.\n\nExample:\n  ip");
 
 }  // namespace
 

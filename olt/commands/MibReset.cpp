@@ -19,7 +19,8 @@ public:
 };
 
 const CommandRegistration<MibReset> registration("mib-reset", CommandGroup::Mib,
-                                                 "Put the ONU's MIB back to its start-up state");
+                                                 "Put the ONU's MIB back to its start-up state",
+                                                 "What an OLT has created goes.\n\nExample:\n  mib-reset");
 
 }  // namespace
 

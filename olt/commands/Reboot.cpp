@@ -26,7 +26,8 @@ private:
     std::string m_Unless;
 };
 
-const CommandRegistration<Reboot> registration("reboot", CommandGroup::Action, "Restart the ONU");
+const CommandRegistration<Reboot> registration("reboot", CommandGroup::Action, "Restart the ONU",
+                                               "Examples:\n  reboot\n  reboot --unless calls");
 
 }  // namespace
 

@@ -109,7 +109,8 @@ const CommandRegistration<Run> registration(
     "run", CommandGroup::Tool, "Run a script of commands",
     "One command a line, without omci-olt and global options. # begins a comment; quotes and backslash work as in a\n"
     "shell. All lines are checked before the first one is sent. The script stops at the first failure.\n\n"
-    "Example of a script:\n"
+    "Examples:\n  run provision.omci\n  echo mib-reset | omci-olt --connect 127.0.0.1:5000 run -\n\n"
+    "A script:\n"
     "  mib-reset\n"
     "  create GalEthernetProfile 1 MaxGemPayloadSize=4095   # for all GEM ports\n"
     "  set OnuG 0 AdministrativeState=unlocked");

@@ -48,8 +48,10 @@ private:
     std::vector<Bytes> m_Rows;
 };
 
-const CommandRegistration<SetTable> registration("set-table", CommandGroup::Entity,
-                                                 "Write rows of a table (extended messages only)");
+const CommandRegistration<SetTable>
+    registration("set-table", CommandGroup::Entity, "Write rows of a table (extended messages only)",
+                 "Example:\n  --extended set-table 171 1 ReceivedFrameVlanTaggingOperationTable "
+                 "0xe8000000e8000000c00f0000000f0000 0xf8000000e8000000c00f0000000f0000");
 
 }  // namespace
 
