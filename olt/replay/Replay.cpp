@@ -64,6 +64,8 @@ bool saysBusy(const Frame& answer)
     return response && response->result == omci::Result::DeviceBusy;
 }
 
+constexpr std::chrono::microseconds kLongestReboot = std::chrono::minutes(3);
+
 /// Whether the recorded ONU was busy with an image, and the OLT asked once more.
 bool isAskedAgain(const Conversation& conversation, std::size_t index)
 {
@@ -103,6 +105,10 @@ ReplayOutcome Replay::run(ReplayPace pace)
     const auto start = Clock::now();
     const auto& all = m_Conversation.exchanges;
     for (std::size_t i = 0; i < all.size(); ++i) {
+        // What comes before an ONU has gone down still reaches the old one.
+        const bool isBehindReboot = i > 0 && all[i - 1].request.header().type == MessageType::Reboot;
+        if (isBehindReboot && all[i].time && all[i - 1].time)
+            waitUntil(Clock::now() + std::min(*all[i].time - *all[i - 1].time, kLongestReboot));
         if (pace == ReplayPace::AsRecorded && all[i].time && all.front().time)
             waitUntil(start + (*all[i].time - *all.front().time));
         m_Context.session().setFormat(all[i].request.header().format);
