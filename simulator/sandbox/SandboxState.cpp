@@ -90,12 +90,22 @@ void State::removePrivateDirectory()
     }
 }
 
+/// Whether a build that counts coverage writes its counts, which the compiler put into the library.
+static bool isCoverage([[maybe_unused]] const std::string& path)
+{
+#ifdef NRVK_COVERAGE
+    return fs::path(path).extension() == ".gcda";
+#else
+    return false;
+#endif
+}
+
 std::string State::realPath(const std::string& path)
 {
     const std::lock_guard<std::mutex> lock(m_Mutex);
     // Made normal first, so that no "/../" leads out of the directory.
     std::string normal = fs::path(path).lexically_normal().string();
-    if (normal.empty() || normal[0] != '/') {
+    if (normal.empty() || normal[0] != '/' || isCoverage(normal)) {
         return path;
     }
     const std::string& directory = directoryLocked();
