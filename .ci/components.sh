@@ -110,6 +110,8 @@ component_package() { scripts/package; }
 
 component_docs() { scripts/docs; }
 
+component_instructions() { scripts/instructions; }
+
 component_bench() { scripts/bench --smoke; }
 
 # What a newcomer does: a clone of what is committed, nothing built, one command.

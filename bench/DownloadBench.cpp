@@ -6,76 +6,24 @@
 #include <memory>
 #include <vector>
 
+#include "Download.h"
 #include "Mib.h"
 #include "NorvikTimer.h"
-#include "OmciFrame.h"
 #include "OmciMe.h"
-#include "host/FrameCodec.h"
 #include "sandbox/Sandbox.h"
 
 namespace {
 
+using bench::kImageBytes;
+using bench::kSoftwareImage;
+using bench::kWindow;
+using bench::sectionBytes;
+using bench::sectionsOfImage;
+using bench::start;
+using bench::window;
 using omci::Format;
-using omci::MessageType;
 
-constexpr unsigned short kSoftwareImage = 7;
-constexpr unsigned short kInstance = 1;
-constexpr unsigned int kImageBytes = 16U << 20;
-/// Sections in a window; the last asks for an acknowledgement.
-constexpr unsigned int kWindow = 32;
 constexpr unsigned int kTimerMilliseconds = 30000;
-
-OmciFrame request(MessageType type, const std::vector<unsigned char>& contents, Format format, bool acknowledge,
-                  unsigned short instance = kInstance)
-{
-    omci::FrameView view;
-    view.header.type = type;
-    view.header.acknowledgeRequest = acknowledge;
-    view.header.format = format;
-    view.header.entityClass = kSoftwareImage;
-    view.header.entityInstance = instance;
-    view.contents = contents.data();
-    view.contentsLength = contents.size();
-    OmciFrame frame;
-    frame.setRequest(view);
-    return frame;
-}
-
-std::size_t sectionBytes(Format format)
-{
-    return format == Format::Baseline ? 31 : 1965;
-}
-
-/// The sections of one window, as the host hands them over.
-std::vector<OmciFrame> window(Format format)
-{
-    std::vector<OmciFrame> frames;
-    for (unsigned int number = 0; number < kWindow; ++number) {
-        std::vector<unsigned char> contents(1 + sectionBytes(format), static_cast<unsigned char>(number + 1));
-        contents[0] = static_cast<unsigned char>(number);
-        frames.push_back(request(MessageType::DownloadSection, contents, format, number + 1 == kWindow));
-    }
-    return frames;
-}
-
-/// False when the ONU refuses it.
-bool start(OmciMe& images, Format format)
-{
-    // A section for the other image ends a download that is under way.
-    OmciFrame stray = request(MessageType::DownloadSection, {0}, format, false, kInstance - 1);
-    images.downloadSection(&stray);
-    OmciFrame frame = request(MessageType::StartSoftwareDownload,
-                              {kWindow - 1, (kImageBytes >> 24) & 0xFF, (kImageBytes >> 16) & 0xFF,
-                               (kImageBytes >> 8) & 0xFF, kImageBytes & 0xFF, 1, 0, kInstance},
-                              format, true);
-    return images.startSoftwareDownload(&frame) == 0;
-}
-
-/// Whole windows that an image holds, without its last byte: after that one the download would be complete.
-std::size_t sectionsOfImage(Format format)
-{
-    return (kImageBytes - 1) / sectionBytes(format) / kWindow * kWindow;
-}
 
 void report(benchmark::State& state, Format format)
 {

@@ -7,12 +7,11 @@
 #include <map>
 
 #include "Mib.h"
-#include "OmciFrame.h"
 #include "OmciManagedEntitiesCore.h"
 #include "OmciManagedEntityRegistrar.h"
 #include "OmciMe.h"
 #include "OmciMeFactory.h"
-#include "host/FrameCodec.h"
+#include "Requests.h"
 
 namespace {
 
@@ -44,22 +43,38 @@ void constructCoreFloor(benchmark::State& state)
 }
 BENCHMARK(constructCoreFloor)->Name("construct_core_floor")->Unit(benchmark::kMicrosecond);
 
+void constructTemporaryCore(benchmark::State& state)
+{
+    bench::dropReports();
+    for (auto _ : state) {
+        OmciManagedEntitiesCore core(OmciManagedEntitiesCore::WithoutRecords{});
+        benchmark::DoNotOptimize(&core);
+    }
+}
+BENCHMARK(constructTemporaryCore)->Name("temporary_core")->Unit(benchmark::kMicrosecond);
+
+/// No adapter and no instance of the picture is left.
+void takeDown()
+{
+    std::vector<OmciMe*> adapters;
+    OmciMeFactory* factory = OmciMeFactory::getInstance();
+    for (OmciMe* me = factory->getFirstManagedEntity(); me != nullptr;
+         me = factory->getNextManagedEntity(me->getManagedEntityClassId())) {
+        adapters.push_back(me);
+    }
+    OmciManagedEntityRegistrar::getInstance()->unregisterSupportedManagedEntitiesAndInstances();
+    for (const OmciMe* me : adapters) {
+        delete me;
+    }
+}
+
 void registerEverything(benchmark::State& state)
 {
     bench::dropReports();
     OmciManagedEntityRegistrar* registrar = OmciManagedEntityRegistrar::getInstance();
     for (auto _ : state) {
         state.PauseTiming();
-        std::vector<OmciMe*> adapters;
-        OmciMeFactory* factory = OmciMeFactory::getInstance();
-        for (OmciMe* me = factory->getFirstManagedEntity(); me != nullptr;
-             me = factory->getNextManagedEntity(me->getManagedEntityClassId())) {
-            adapters.push_back(me);
-        }
-        registrar->unregisterSupportedManagedEntitiesAndInstances();
-        for (const OmciMe* me : adapters) {
-            delete me;
-        }
+        takeDown();
         state.ResumeTiming();
         registrar->registerSupportedManagedEntities();
     }
@@ -87,23 +102,23 @@ void registerEverythingFloor(benchmark::State& state)
 }
 BENCHMARK(registerEverythingFloor)->Name("register_everything_floor")->Unit(benchmark::kMicrosecond);
 
-OmciFrame request(omci::MessageType type, const std::array<unsigned char, 32>& contents)
+/// All that a host does before it answers: core, picture, adapters, instances, values.
+void startUpAfresh(benchmark::State& state)
 {
-    omci::FrameView view;
-    view.header.type = type;
-    view.header.acknowledgeRequest = true;
-    view.header.entityClass = 2;
-    view.contents = contents.data();
-    view.contentsLength = contents.size();
-    OmciFrame frame;
-    frame.setRequest(view);
-    return frame;
+    bench::dropReports();
+    for (auto _ : state) {
+        state.PauseTiming();
+        takeDown();
+        state.ResumeTiming();
+        bench::startUp();
+    }
 }
+BENCHMARK(startUpAfresh)->Name("start_up")->Unit(benchmark::kMicrosecond);
 
 void mibUpload(benchmark::State& state)
 {
     bench::dropReports();
-    OmciFrame frame = request(omci::MessageType::MibUpload, {});
+    OmciFrame frame = bench::request(omci::MessageType::MibUpload, {});
     for (auto _ : state) {
         benchmark::DoNotOptimize(bench::adapter(2).mibUpload(&frame));
     }
@@ -140,9 +155,9 @@ BENCHMARK(mibUploadFloor)->Name("mib_upload_snapshot_floor")->Unit(benchmark::kM
 void mibUploadNext(benchmark::State& state)
 {
     bench::dropReports();
-    OmciFrame upload = request(omci::MessageType::MibUpload, {});
+    OmciFrame upload = bench::request(omci::MessageType::MibUpload, {});
     bench::adapter(2).mibUpload(&upload);
-    OmciFrame frame = request(omci::MessageType::MibUploadNext, {0, 5});
+    OmciFrame frame = bench::request(omci::MessageType::MibUploadNext, {0, 5});
     for (auto _ : state) {
         benchmark::DoNotOptimize(bench::adapter(2).mibUploadNext(&frame));
     }

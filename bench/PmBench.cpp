@@ -25,13 +25,14 @@ constexpr unsigned short kSecond = 0x0101;
 constexpr unsigned short kFirst = 0x0181;
 constexpr std::size_t kCounters = 14;
 
-/// The two entities of a port, in the MIB and in the registrar's picture.
+/// The two entities of a port, in the MIB and in the registrar's picture, whatever ran before.
 void makePm()
 {
     // Without hardware each read reports its absence at level 3; what is measured is a line that is dropped.
     Logger::getInstance(150)->setLevel(2);
     const OmciMe& me = bench::adapter(kExtendedPm);
     for (const unsigned short instance : {kSecond, kFirst}) {
+        me.deleteManagedEntityInstance(instance, true);
         me.createManagedEntityInstance(instance, true);
     }
 }

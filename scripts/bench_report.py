@@ -16,9 +16,11 @@ import tempfile
 import time
 from pathlib import Path
 
+import performance_page
+from performance_page import floor_name, human, is_floor
+
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
-FLOOR = "_floor"
-# A change below this is noise on a shared machine.
+# A change of a ratio below this is noise on a shared machine.
 SLOWER = 1.25
 
 
@@ -29,7 +31,7 @@ def binaries(build):
     return found
 
 
-def run(binary, name_filter, smoke):
+def run(binary, name_filter, smoke, repeat):
     """Benchmarks of one binary as Google Benchmark reports them."""
     with tempfile.TemporaryDirectory() as folder:
         outcome = Path(folder) / "bench.json"
@@ -38,6 +40,8 @@ def run(binary, name_filter, smoke):
             command.append(f"--benchmark_filter={name_filter}")
         if smoke:
             command.append("--benchmark_min_time=0.001")
+        if repeat > 1:
+            command.append(f"--benchmark_repetitions={repeat}")
         subprocess.run(command, check=True, stdout=subprocess.DEVNULL, cwd=folder)
         return json.loads(outcome.read_text() or '{"benchmarks": []}')["benchmarks"]
 
@@ -46,36 +50,36 @@ def nanoseconds(benchmark):
     return benchmark["cpu_time"] * NANOSECONDS[benchmark["time_unit"]]
 
 
+def in_order(name):
+    """A key that sorts X/5000 before X/10000."""
+    return [int(part) if part.isdigit() else part for part in re.split(r"(\d+)", name)]
+
+
 def times(benchmarks):
-    """Name -> nanoseconds, failed ones named and left out."""
+    """Name -> nanoseconds, the least of the repetitions; a failed one ends the run."""
     found = {}
     for benchmark in benchmarks:
         if benchmark.get("error_occurred"):
             sys.exit(f"{benchmark['name']}: {benchmark.get('error_message')}")
         if benchmark.get("run_type", "iteration") == "iteration":
-            found[benchmark["name"]] = nanoseconds(benchmark)
-    return found
+            name, value = benchmark["name"], nanoseconds(benchmark)
+            found[name] = min(value, found.get(name, value))
+    return dict(sorted(found.items(), key=lambda entry: in_order(entry[0])))
 
 
-def floor_name(name):
-    """X/25 has its floor in X_floor/25."""
-    base, mark, rest = name.partition("/")
-    return base + FLOOR + mark + rest
+def ratios(found):
+    """Name -> times its floor, for those that have one."""
+    return {name: value / found[floor_name(name)] for name, value in found.items() if floor_name(name) in found}
 
 
-def is_floor(name):
-    return name.partition("/")[0].endswith(FLOOR)
-
-
-def human(value):
-    for unit, size in (("s", 1e9), ("ms", 1e6), ("us", 1e3)):
-        if value >= size:
-            return f"{value / size:.2f} {unit}"
-    return f"{value:.1f} ns"
+def earlier_ratios(path):
+    """Those of a baseline, or of the bench.json of an earlier run."""
+    earlier = json.loads(path.read_text())
+    return earlier["ratios"] if "ratios" in earlier else ratios(times(earlier["benchmarks"]))
 
 
 def print_table(found, earlier):
-    """The table; gives the names that have become slower."""
+    """The table; gives the names whose ratio to the floor has risen above that of `earlier`."""
     width = max(len(name) for name in found)
     print(f"{'benchmark':<{width}}  {'time':>10}  {'floor':>10}  {'ratio':>7}" + ("  change" if earlier else ""))
     slower = []
@@ -85,8 +89,8 @@ def print_table(found, earlier):
         floor = found.get(floor_name(name))
         row = f"{name:<{width}}  {human(value):>10}  "
         row += f"{human(floor):>10}  {value / floor:>6.1f}x" if floor else f"{'-':>10}  {'-':>7}"
-        if name in earlier:
-            change = value / earlier[name]
+        if floor and name in earlier:
+            change = value / floor / earlier[name]
             row += f"  {change - 1:+.0%}"
             if change > SLOWER:
                 slower.append(name)
@@ -130,13 +134,16 @@ def main():
     parser.add_argument("--compare", type=Path)
     parser.add_argument("--filter")
     parser.add_argument("--smoke", action="store_true")
+    parser.add_argument("--repeat", type=int, default=1)
+    parser.add_argument("--baseline", type=Path)
+    parser.add_argument("--page", type=Path)
     arguments = parser.parse_args()
 
-    benchmarks = [one for binary in binaries(arguments.build) for one in run(binary, arguments.filter, arguments.smoke)]
+    benchmarks = [one for binary in binaries(arguments.build) for one in run(binary, arguments.filter, arguments.smoke, arguments.repeat)]
     found = times(benchmarks)
     if not found:
         sys.exit("no benchmark has run")
-    earlier = times(json.loads(arguments.compare.read_text())["benchmarks"]) if arguments.compare else {}
+    earlier = earlier_ratios(arguments.compare) if arguments.compare else {}
     slower = print_table(found, earlier)
 
     size = stripped_size(arguments.build / "lib" / "libnrvk-omci-me.so")
@@ -146,11 +153,16 @@ def main():
     figures = {"library_bytes": size, "idle_kib": memory, "benchmarks": benchmarks}
     if not arguments.smoke:
         (arguments.build / "bench.json").write_text(json.dumps(figures, indent=1) + "\n")
+    if arguments.baseline:
+        kept = {name: round(ratio, 2) for name, ratio in sorted(ratios(found).items())}
+        arguments.baseline.write_text(json.dumps({"ratios": kept}, indent=2) + "\n")
+    if arguments.page:
+        performance_page.write(arguments.page, arguments.build, found, {"library_bytes": size, "idle_kib": memory})
     missing = [text for text, value in (("library", size), ("onu-sim", memory)) if not value]
     if missing:
         sys.exit(f"not measured: {', '.join(missing)}")
     if slower:
-        sys.exit(f"slower than before: {', '.join(slower)}")
+        sys.exit(f"slower than before, beside the floor: {', '.join(slower)}")
 
 
 if __name__ == "__main__":

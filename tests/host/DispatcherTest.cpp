@@ -358,3 +358,14 @@ TEST_F(Dispatching, CountersTellFormatResultAndClassOfEachMessage)
     EXPECT_EQ(get, handler.slowestType);
     EXPECT_LE(handler.slowest, handler.total);
 }
+
+TEST_F(Dispatching, ClassesWithTheSameLastOctetAreCountedApart)
+{
+    FakeMe neighbour{100 + 256, {attribute(0x8000, 1, R | W)}};
+    neighbour.add(1);
+    for (const unsigned short classId : {100, 356, 356, 100, 356}) {
+        ask(MessageType::Get, classId, 1, "8000");
+    }
+    EXPECT_EQ(2U, dispatcher.statistics().handlers.at(100).requests);
+    EXPECT_EQ(3U, dispatcher.statistics().handlers.at(356).requests);
+}

@@ -32,6 +32,22 @@ TEST(OmciMeFactory, WalksInAscendingClassOrder)
     EXPECT_EQ(-1, factory.registerManagedEntity(7, nullptr));
 }
 
+TEST(OmciMeFactory, KeepsNeighboursAndClassesFarApart)
+{
+    OmciMeFactory& factory = *OmciMeFactory::getInstance();
+    FakeMe first(0, {});
+    FakeMe endOfPage(255, {});
+    FakeMe beginOfPage(256, {});
+    FakeMe last(65535, {});
+    EXPECT_EQ(&first, factory.getFirstManagedEntity());
+    EXPECT_EQ(&endOfPage, factory.getNextManagedEntity(0));
+    EXPECT_EQ(&beginOfPage, factory.getNextManagedEntity(255));
+    EXPECT_EQ(&last, factory.getNextManagedEntity(256));
+    EXPECT_EQ(nullptr, factory.getNextManagedEntity(65535));
+    EXPECT_EQ(&last, factory.getManagedEntity(65535));
+    EXPECT_EQ(nullptr, factory.getManagedEntity(511));
+}
+
 TEST(OmciMeManager, KnowsTheSizeOfEveryAttributeOfAnyList)
 {
     FakeMe me(100, {attribute(0x8000, 2, R), attribute(0x4000, 25, W), attribute(0x2000, 17, N, true)});
