@@ -1,5 +1,6 @@
 // What the dispatcher does around a command: MIC, drops, retransmissions, counters.
 
+#include <initializer_list>
 #include <thread>
 
 #include "DispatcherFixture.h"
@@ -363,7 +364,7 @@ TEST_F(Dispatching, ClassesWithTheSameLastOctetAreCountedApart)
 {
     FakeMe neighbour{100 + 256, {attribute(0x8000, 1, R | W)}};
     neighbour.add(1);
-    for (const unsigned short classId : {100, 356, 356, 100, 356}) {
+    for (const unsigned short classId : std::initializer_list<unsigned short>{100, 356, 356, 100, 356}) {
         ask(MessageType::Get, classId, 1, "8000");
     }
     EXPECT_EQ(2U, dispatcher.statistics().handlers.at(100).requests);
