@@ -82,8 +82,8 @@ void RecentRequests::noteSection(const Sender& sender)
 /// have misled, the OLT hears of an error and sends the window again.
 bool RecentRequests::isLateSection(const Sender& sender, bool endsWindow, bool isNewId)
 {
-    const bool isBehind = !endsWindow && isNewId && m_Counted >= kCounts && isBehindItsWindow(sender);
-    if (isBehind && m_RefusedWindow == 0) {
+    const bool isBehind = isNewId && isBehindItsWindow(sender);
+    if (isBehind && !endsWindow && m_Counted >= kCounts && m_RefusedWindow == 0) {
         return true;
     }
     m_RefusedWindow = isBehind ? m_RefusedWindow : 0;

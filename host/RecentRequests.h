@@ -26,6 +26,7 @@ namespace omci {
 class RecentRequests
 {
 public:
+    /// Steady: what it tells is compared only.
     using Clock = std::chrono::steady_clock;
 
     /// Transactions of one peer that are known. A power of 2.
@@ -38,8 +39,8 @@ public:
     /// Octets of a reply; null when it is not there any more, and the OLT does not wait for it any more either.
     struct Reply
     {
-        const std::uint8_t* data = nullptr;
-        std::size_t length = 0;
+        const std::uint8_t* data = nullptr;  ///< the octets
+        std::size_t length = 0;              ///< of a whole frame
     };
     struct Found
     {
@@ -53,6 +54,7 @@ public:
                Clock::time_point now, Clock::duration longest);
     /// The reply to the request that `find` did not know.
     void remember(const std::uint8_t* reply, std::size_t length);
+    /// Everything, for an ONU that starts anew.
     void forget();
     /// The last section of a window was run.
     void endWindow(bool isRefused);
