@@ -39,11 +39,12 @@ constexpr omci::MessageType kMessages[] = {omci::MessageType::Create,
 
 const OmciMe* drawClass(FuzzedDataProvider& data)
 {
-    static const std::vector<OmciMe*> classes = mib::registeredClasses();
-    return OmciMeFactory::getInstance()->getManagedEntity(
-        data.PickValueInArray({true, false})
-            ? data.PickValueInArray<unsigned short>({7, 45, 47, 84, 130, 171, 256, 263, 266, 268})
-            : classes[data.ConsumeIntegralInRange<std::size_t>(0, classes.size() - 1)]->getManagedEntityClassId());
+    // Asked anew: each ONU has adapters of its own.
+    const std::vector<OmciMe*> classes = mib::registeredClasses();
+    return data.PickValueInArray({true, false})
+               ? OmciMeFactory::getInstance()->getManagedEntity(
+                     data.PickValueInArray<unsigned short>({7, 45, 47, 84, 130, 171, 256, 263, 266, 268}))
+               : classes[data.ConsumeIntegralInRange<std::size_t>(0, classes.size() - 1)];
 }
 
 std::uint16_t drawInstance(FuzzedDataProvider& data, const OmciMe& me)
