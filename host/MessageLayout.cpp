@@ -283,6 +283,11 @@ std::optional<GetResponse> parseGetResponse(const FrameView& frame)
         return response.result == Result::Success ? std::nullopt : std::optional<GetResponse>(response);
     }
     response.mask = read16(frame.contents + 1);
+    // ONUs are met that put values where a baseline answer has its masks, when there is nothing to say there.
+    if (baseline && response.result == Result::Success) {
+        response.values = {frame.contents + values, kBaselineContentLength - values};
+        return response;
+    }
     response.optionalMask = read16(frame.contents + masks);
     response.executionMask = read16(frame.contents + masks + 2);
     response.values = {frame.contents + values, baseline ? kBaselineGetRoom : frame.contentsLength - values};

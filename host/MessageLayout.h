@@ -200,7 +200,8 @@ struct GetResponse
     /// As the message lays them out.
     std::size_t write(Format format, std::uint8_t* contents) const;
 };
-/// Reads the contents; nothing when they are too short.
+/// Reads the contents; nothing when they are too short. A baseline success has no masks: `values` then reach over the
+/// octets of the masks to the end of the contents, where some ONUs put values.
 std::optional<GetResponse> parseGetResponse(const FrameView& frame);
 
 /// Get next: a piece of a table.

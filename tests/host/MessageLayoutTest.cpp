@@ -55,6 +55,17 @@ TEST_F(MessageLayout, GetResponseBaselinePutsMasksAtTheEnd)
     EXPECT_EQ(0xDB, parsed->values.data[0]);
 }
 
+TEST_F(MessageLayout, GetResponseBaselineSuccessMayHaveValuesWhereMasksStand)
+{
+    const Bytes contents = fromHex("000078" + std::string(50, '0') + "01020304");
+    const auto parsed = parseGetResponse(frameOf(Format::Baseline, contents));
+    ASSERT_TRUE(parsed);
+    EXPECT_EQ(0, parsed->optionalMask);
+    EXPECT_EQ(0, parsed->executionMask);
+    ASSERT_EQ(29U, parsed->values.size);
+    EXPECT_EQ(4, parsed->values.data[28]);
+}
+
 TEST_F(MessageLayout, GetResponseExtendedPutsMasksFirst)
 {
     const Bytes values = fromHex("dbcb");
