@@ -12,12 +12,33 @@ namespace olt {
 
 namespace {
 
-/// Captures begin with an octet that no text of hexadecimal digits begins with.
-bool looksLikeCapture(int first)
+int peek(std::FILE* file)
+{
+    const int octet = std::fgetc(file);
+    if (octet != EOF)
+        std::ungetc(octet, file);
+    return octet;
+}
+
+/// pcapng begins with 0A 0D; a text with an empty line never has the carriage return behind its line feed.
+bool looksLikeNextGeneration(std::FILE* file)
+{
+    const int first = std::fgetc(file);
+    const int second = peek(file);
+    // Octets that were just read go back into the buffer that they are from, more than one, too.
+    if (std::ungetc(first, file) == EOF)
+        throw UsageError("the beginning can't be read twice; give the frames in a file");
+    return second == '\r';
+}
+
+/// Captures begin with octets that no text of hexadecimal digits begins with.
+bool looksLikeCapture(std::FILE* file)
 {
     constexpr int nanosecondMagic = 0x4D;
-    constexpr int nextGeneration = 0x0A;
-    return first >= 0x80 || first == nanosecondMagic || first == nextGeneration;
+    const int first = peek(file);
+    if (first == '\n')
+        return looksLikeNextGeneration(file);
+    return first >= 0x80 || first == nanosecondMagic;
 }
 
 std::string readLine(std::FILE* file, bool& any)
@@ -40,11 +61,7 @@ FrameSource::FrameSource(const std::string& path) : m_Name(path == "-" ? "standa
     std::FILE* const file = path == "-" ? stdin : std::fopen(path.c_str(), "rbe");
     if (!file)
         throw UsageError(path + ": can't be read: " + std::strerror(errno));
-    const int first = std::fgetc(file);
-    if (first != EOF)
-        std::ungetc(first, file);
-    // An empty line may begin a text, too, so that standard input is no pcapng.
-    if (first == EOF || !looksLikeCapture(first) || (path == "-" && first == '\n')) {
+    if (!looksLikeCapture(file)) {
         m_Text = file;
         return;
     }

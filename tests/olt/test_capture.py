@@ -117,6 +117,30 @@ class DecodeTest(OltTest):
         self.assertEqual(rules, ["single-tagged, VID 100, any priority: remove 1 tag, add VID 200 priority copied from "
                                  "inner", "untagged: add VID 1 priority 0"])
 
+    def test_captures_on_standard_input(self):
+        get = bytes.fromhex("1234490a010000008000") + bytes(38)
+        packet = ONU_ADDRESS + OLT_ADDRESS + b"\x88\xb5" + get + bytes(2)
+        section = struct.pack("<IIIHHqI", 0x0A0D0D0A, 28, 0x1A2B3C4D, 1, 0, -1, 28)
+        interface = struct.pack("<IIHHII", 1, 20, 1, 0, 65535, 20)
+        length = 32 + len(packet)
+        block = struct.pack("<IIIIIII", 6, length, 0, 0, 7, len(packet) - 2, len(packet) - 2) + packet
+        path = self.path("a.pcapng")
+        with open(path, "wb") as file:
+            file.write(section + interface + block + struct.pack("<I", length))
+        for capture in (path, write_capture(self.path("a.pcap"), [(7e-6, get, False)])):
+            expected = "1970-01-01T00:00:00.000007Z  OLT->ONU  0x1234  get request OnuG (256) instance 0: VendorId\n"
+            self.assertEqual(self.decode(capture).stdout, expected)
+            with subprocess.Popen(["cat", capture], stdout=subprocess.PIPE) as cat:
+                done = subprocess.run([OMCI_OLT, "decode", "-"], stdin=cat.stdout, capture_output=True, text=True,
+                                      timeout=60)
+            self.assertEqual((done.returncode, done.stdout), (0, expected), done.stderr)
+
+    def test_text_that_begins_with_an_empty_line(self):
+        digits = "\n" + "1234490a010000008000" + "00" * 30 + "\n"
+        self.assertIn("get request", self.decode("-", stdin=digits).stdout)
+        self.assertIn("get request", self.decode(self.write("frames.txt", digits)).stdout)
+        self.assertEqual(self.decode("-", stdin="\n").stdout, "")
+
     def test_digits_on_standard_input(self):
         digits = "# a comment\n\n12 34 49 0a 0100 0000 8000" + "00" * 30 + "\n0x123429 0a01000000 00 8000 41424344" \
                  + "00" * 25 + "\n"
