@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <exception>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -14,13 +15,18 @@ namespace omci {
 
 namespace {
 
-/// Logs the exception in flight.
+/// Logs the exception in flight; without memory for the line there is none.
 void logException(const OmciFrame& frame, const char* what)
 {
-    Logger::getInstance(kHostLoggerId)
-        ->writeToLog(0, "execute", "host/Dispatcher.cpp", __LINE__, 3, "Managed entity(%hu; %hu); %s failed(%s)",
-                     frame.getManagedEntityClass(), frame.getManagedEntityInstance(),
-                     messageTypeName(static_cast<MessageType>(frame.getMessageType())), what);
+    try {
+        Logger::getInstance(kHostLoggerId)
+            ->writeToLog(0, "execute", "host/Dispatcher.cpp", __LINE__, 3, "Managed entity(%hu; %hu); %s failed(%s)",
+                         frame.getManagedEntityClass(), frame.getManagedEntityInstance(),
+                         messageTypeName(static_cast<MessageType>(frame.getMessageType())), what);
+    } catch (const std::bad_alloc&) {
+        // The OLT still waits for the reply.
+        return;
+    }
 }
 
 DropReason reasonOf(DecodeError error)
@@ -209,14 +215,19 @@ Dispatcher::Reply Dispatcher::run(const FrameView& view, const std::uint8_t* byt
     return header.acknowledgeRequest ? Reply{last.reply.data(), last.replyLength} : Reply{};
 }
 
-HandlerTime& Dispatcher::handlerTime(std::uint16_t entityClass)
+HandlerTime* Dispatcher::handlerTime(std::uint16_t entityClass)
 {
     KnownHandler& known = m_KnownHandlers[entityClass % m_KnownHandlers.size()];
     if (known.time == nullptr || known.entityClass != entityClass) {
-        // Entries of the map stay where they are for as long as the dispatcher lives.
-        known = {entityClass, &m_Statistics.handlers[entityClass]};
+        try {
+            // Entries of the map stay where they are for as long as the dispatcher lives.
+            known = {entityClass, &m_Statistics.handlers[entityClass]};
+        } catch (const std::bad_alloc&) {
+            // The request was run; its reply is worth more than the figure.
+            return nullptr;
+        }
     }
-    return *known.time;
+    return known.time;
 }
 
 void Dispatcher::countTime(const FrameHeader& header, std::chrono::nanoseconds taken)
@@ -224,12 +235,15 @@ void Dispatcher::countTime(const FrameHeader& header, std::chrono::nanoseconds t
     if (m_Frame.getReplyResult() == static_cast<unsigned char>(Result::UnknownManagedEntity)) {
         return;
     }
-    HandlerTime& handler = handlerTime(header.entityClass);
-    ++handler.requests;
-    handler.total += taken;
-    if (taken > handler.slowest) {
-        handler.slowest = taken;
-        handler.slowestType = static_cast<std::uint8_t>(header.type);
+    HandlerTime* const handler = handlerTime(header.entityClass);
+    if (handler == nullptr) {
+        return;
+    }
+    ++handler->requests;
+    handler->total += taken;
+    if (taken > handler->slowest) {
+        handler->slowest = taken;
+        handler->slowestType = static_cast<std::uint8_t>(header.type);
     }
 }
 

@@ -86,7 +86,8 @@ private:
                 Clock::time_point now, Reply& reply);
     void executeGuarded();
     void countTime(const FrameHeader& header, std::chrono::nanoseconds taken);
-    HandlerTime& handlerTime(std::uint16_t entityClass);
+    /// Null when there is no memory for the class's first figures.
+    HandlerTime* handlerTime(std::uint16_t entityClass);
     std::size_t encodeReply(const FrameHeader& request, std::uint8_t* out);
     void count(const FrameHeader& header);
 

@@ -17,11 +17,16 @@ void* InstanceStore::createManagedEntityInstance(unsigned short instance, bool c
         NRVK_LOG_FOR_CLASS(m_Description, 6, "Managed entity(%p) already exists", existing);
         return existing;
     }
-    void* object = m_Operations.make(instance, createdByOlt);
     if (m_Instances == nullptr) {
         m_Instances = new Instances;
     }
-    m_Instances->emplace(instance, object);
+    void* object = m_Operations.make(instance, createdByOlt);
+    try {
+        m_Instances->emplace(instance, object);
+    } catch (...) {
+        m_Operations.destroy(object);
+        throw;
+    }
     NRVK_LOG_FOR_CLASS(m_Description, 6, "Managed entity(%p) created", object);
     if (m_Operations.createCompanions != nullptr) {
         m_Operations.createCompanions(instance);

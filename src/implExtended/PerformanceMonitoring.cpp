@@ -1,5 +1,7 @@
 #include "implExtended/PerformanceMonitoring.h"
 
+#include <new>
+
 #include "OmciManagedEntitiesCore.h"
 #include "OmciManagedEntityRegistrar.h"
 #include "impl/Hardware.h"
@@ -17,9 +19,14 @@ unsigned short enterIntoPicture(unsigned short classId, unsigned short instance)
 
 void lookUpDefaultConfig(unsigned short classId, unsigned short instance)
 {
-    StartupConfigManagedEntity record;
-    OmciManagedEntitiesCore(OmciManagedEntitiesCore::WithoutRecords{})
-        .getDefaultConfigManagedEntity(classId, instance, record);
+    try {
+        StartupConfigManagedEntity record;
+        OmciManagedEntitiesCore(OmciManagedEntitiesCore::WithoutRecords{})
+            .getDefaultConfigManagedEntity(classId, instance, record);
+    } catch (const std::bad_alloc&) {
+        // Destructors look up: nothing may leave them, and nobody keeps the row.
+        return;
+    }
 }
 
 void refreshByAction(RefreshByAction operation, EnumOmciAction action, unsigned short instance)

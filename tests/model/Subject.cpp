@@ -34,6 +34,8 @@ Bytes part(const Bytes& bytes, std::size_t offset, std::size_t size)
 Subject::Subject(HardwareLayer layer) : m_Dispatcher(omci::Mic())
 {
     Logger::getInstance(omci::kHostLoggerId)->setLevel(0);
+    // Nobody reads the library's lines here; there are many.
+    Logger::getInstance(omci::kLibraryLoggerId)->setObserver(nullptr, nullptr);
     startUp();
     OmciManagedEntitiesCore core;
     omci::HostMib host(*OmciManagedEntityRegistrar::getInstance(), core);
@@ -46,13 +48,16 @@ Subject::Subject(HardwareLayer layer) : m_Dispatcher(omci::Mic())
     }
 }
 
-Bytes Subject::ask(const Request& request)
+Bytes Subject::nextFrame(const Request& request)
 {
     // 0 is no identity.
     m_TransactionId = m_TransactionId == 0xFFFF ? std::uint16_t{1} : static_cast<std::uint16_t>(m_TransactionId + 1);
-    const Bytes frame = frameOf(request, m_TransactionId);
-    const omci::Dispatcher::Reply reply = m_Dispatcher.handle(frame.data(), frame.size());
-    log.clear();
+    return frameOf(request, m_TransactionId);
+}
+
+Bytes Subject::ask(const Request& request)
+{
+    const omci::Dispatcher::Reply reply = handle(nextFrame(request));
     return {reply.data, reply.data + reply.length};
 }
 

@@ -31,6 +31,10 @@ class Subject : public LibraryTest
 public:
     explicit Subject(HardwareLayer layer);
 
+    /// The request's frame, under a transaction id of its own.
+    Bytes nextFrame(const Request& request);
+    /// What comes back lives until the next frame.
+    omci::Dispatcher::Reply handle(const Bytes& frame) { return m_Dispatcher.handle(frame.data(), frame.size()); }
     /// The frame that comes back; empty when none does.
     Bytes ask(const Request& request);
     /// Tells the model what the ONU has made at its start.
