@@ -1,10 +1,10 @@
 # nrvk_discover_tests(TARGET [OPTION...]): its tests, one by one. Under emulation every start costs more than most tests: there a
-# program is one test.
+# program is one test. A parameter's printed value would stand for the name that its suite gives it: structures print as octets.
 function(nrvk_discover_tests target)
   if(CMAKE_CROSSCOMPILING)
     add_test(NAME ${target} COMMAND ${target})
   else()
-    gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 ${ARGN})
+    gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES ${ARGN})
   endif()
 endfunction()
 
