@@ -57,7 +57,7 @@ TEST_F(MessageLayout, GetResponseBaselinePutsMasksAtTheEnd)
 
 TEST_F(MessageLayout, GetResponseBaselineSuccessMayHaveValuesWhereMasksStand)
 {
-    const Bytes contents = fromHex("000078" + std::string(50, '0') + "01020304");
+    Bytes contents = fromHex("000078" + std::string(50, '0') + "01020304");
     const auto parsed = parseGetResponse(frameOf(Format::Baseline, contents));
     ASSERT_TRUE(parsed);
     EXPECT_EQ(0, parsed->optionalMask);
