@@ -59,23 +59,15 @@ Direction directionOf(const CapturedFrame& frame, const std::uint8_t* packet)
 
 }  // namespace
 
-CaptureReader::CaptureReader(const std::string& path) : m_Name(path)
-{
-    std::array<char, PCAP_ERRBUF_SIZE> problem{};
-    m_Capture.reset(pcap_open_offline(path.c_str(), problem.data()));
-    if (!m_Capture) {
-        // The text may begin with the path, or not.
-        const std::string text = problem.data();
-        throw std::runtime_error(text.rfind(path, 0) == 0 ? text : path + ": " + text);
-    }
-    checkLink();
-}
-
 CaptureReader::CaptureReader(std::FILE* stream, const std::string& name) : m_Name(name)
 {
     std::array<char, PCAP_ERRBUF_SIZE> problem{};
     m_Capture.reset(pcap_fopen_offline(stream, problem.data()));
     if (!m_Capture) {
+        // What pcap_fopen_offline refuses it leaves open; standard input, which nobody opened, it never closes.
+        if (stream != stdin) {
+            std::fclose(stream);
+        }
         throw std::runtime_error(name + ": " + problem.data());
     }
     checkLink();

@@ -28,10 +28,8 @@ struct CapturedFrame
 class CaptureReader
 {
 public:
-    /// std::runtime_error, which names the file, when it can't be read, is no capture or has another link type than
-    /// Ethernet.
-    explicit CaptureReader(const std::string& path);
-    /// From an open stream, which the reader closes. `name` is for complaints.
+    /// From an open stream, which the reader closes. `name` is for complaints: std::runtime_error, which begins with
+    /// it, when the stream can't be read, is no capture or has another link type than Ethernet.
     CaptureReader(std::FILE* stream, const std::string& name);
 
     /// Nothing at the end. std::runtime_error when the file is damaged.

@@ -1,8 +1,5 @@
 #include "FuzzedOnu.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 #include "Logger.h"
 #include "MibAccess.h"
 #include "OmciMeFactory.h"
@@ -118,12 +115,6 @@ Onu::Setup defaultSetup()
 }
 
 }  // namespace
-
-void fail(const char* condition, const char* file, int line)
-{
-    std::fprintf(stderr, "%s:%d: broken: %s\n", file, line, condition);
-    std::abort();
-}
 
 Bytes frameOf(omci::FrameHeader header, const Bytes& contents)
 {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "Check.h"
 #include "JsonLog.h"
 #include "Onu.h"
 #include "attributeDefinition.h"
@@ -46,10 +47,6 @@ private:
 Bytes drawFrame(FuzzedDataProvider& data);
 /// A frame of that kind with contents, as an OLT makes it.
 Bytes frameOf(omci::FrameHeader header, const Bytes& contents);
-
-/// Stops the fuzzer: an answer was wrong.
-#define FUZZ_CHECK(condition) ((condition) ? (void)0 : ::fuzz::fail(#condition, __FILE__, __LINE__))
-[[noreturn]] void fail(const char* condition, const char* file, int line);
 
 }  // namespace fuzz
 
