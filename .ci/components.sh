@@ -126,9 +126,11 @@ component_demo() {
 
 component_coverage() { scripts/coverage; }
 
-# The unit tests under valgrind, beside the sanitizers: it needs no special build and sees uninitialized values too.
+# The unit tests and the demo under valgrind, beside the sanitizers: it needs no special build and sees uninitialized
+# values too.
 component_valgrind() {
     local program
+    local -a valgrind=(valgrind --quiet --error-exitcode=1 --leak-check=full --show-leak-kinds=definite --errors-for-leak-kinds=definite)
     dependencies build run test check
     configure debug -DBUILD_TESTING=ON -DNRVK_BENCH=OFF
     build debug
@@ -136,6 +138,19 @@ component_valgrind() {
     [[ -s build/valgrind.list ]] || fail "no test programs"
     while read -r program; do
         step "$program"
-        valgrind --quiet --error-exitcode=1 --leak-check=full --errors-for-leak-kinds=definite "$program" </dev/null
+        "${valgrind[@]}" "$program" </dev/null
     done <build/valgrind.list
+    demo_under_valgrind "${valgrind[@]}"
+}
+
+# demo_under_valgrind VALGRIND...: an error in a program that the demo ends, or that ends well all the same, is seen by
+# what valgrind has written.
+demo_under_valgrind() {
+    local logs status=0
+    logs="$(mktemp -d "${TMPDIR:-/tmp}/nrvk-valgrind.XXXXXX")"
+    NRVK_UNDER="$* --log-file=$logs/%p" scripts/demo || status=$?
+    cat "$logs"/*
+    [[ "$status" == 0 && -n "$(ls "$logs")" && -z "$(cat "$logs"/*)" ]] || status=1
+    rm -rf "$logs"
+    return "$status"
 }
