@@ -6,27 +6,22 @@
 #include <string>
 #include <utility>
 
-#include "LogSink.h"
+#include "GuardedLog.h"
 #include "Notifier.h"
 #include "RecentRequests.h"
-#include "omci_host/Logger.h"
 
 namespace omci {
 
 namespace {
 
-/// Logs the exception in flight; without memory for the line there is none.
+/// Logs the exception in flight. The OLT still waits for the reply.
 void logException(const OmciFrame& frame, const char* what)
 {
-    try {
-        Logger::getInstance(kHostLoggerId)
-            ->writeToLog(0, "execute", "host/Dispatcher.cpp", __LINE__, 3, "Managed entity(%hu; %hu); %s failed(%s)",
-                         frame.getManagedEntityClass(), frame.getManagedEntityInstance(),
-                         messageTypeName(static_cast<MessageType>(frame.getMessageType())), what);
-    } catch (const std::bad_alloc&) {
-        // The OLT still waits for the reply.
-        return;
-    }
+    logGuarded([&](Logger& logger) {
+        logger.writeToLog(0, "execute", "host/Dispatcher.cpp", __LINE__, 3, "Managed entity(%hu; %hu); %s failed(%s)",
+                          frame.getManagedEntityClass(), frame.getManagedEntityInstance(),
+                          messageTypeName(static_cast<MessageType>(frame.getMessageType())), what);
+    });
 }
 
 DropReason reasonOf(DecodeError error)
@@ -96,11 +91,12 @@ Dispatcher::Reply Dispatcher::drop(DropReason reason, const FrameHeader* header,
     ++m_Statistics.drops[static_cast<std::size_t>(reason)];
     const FrameHeader none;
     const FrameHeader& known = header != nullptr ? *header : none;
-    Logger::getInstance(kHostLoggerId)
-        ->writeToLog(0, "handle", "host/Dispatcher.cpp", __LINE__, 4,
-                     "Frame of %u octets dropped: %s; Transaction(0x%04X); Managed entity(%hu; %hu)",
-                     static_cast<unsigned>(length), dropReasonName(reason), known.transactionId, known.entityClass,
-                     known.entityInstance);
+    logGuarded([&](Logger& logger) {
+        logger.writeToLog(0, "handle", "host/Dispatcher.cpp", __LINE__, 4,
+                          "Frame of %u octets dropped: %s; Transaction(0x%04X); Managed entity(%hu; %hu)",
+                          static_cast<unsigned>(length), dropReasonName(reason), known.transactionId, known.entityClass,
+                          known.entityInstance);
+    });
     return {};
 }
 

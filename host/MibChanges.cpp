@@ -7,8 +7,7 @@
 #include "ByteOrder.h"
 #include "CommandExecutor.h"
 #include "CommandReply.h"
-#include "LogSink.h"
-#include "omci_host/Logger.h"
+#include "GuardedLog.h"
 #include "omci_host/OmciFrame.h"
 #include "omci_host/OmciMe.h"
 #include "omci_host/OmciMeFactory.h"
@@ -131,9 +130,10 @@ private:
         try {
             m_Me.deleteManagedEntityInstance(m_Instance, true);
         } catch (...) {
-            Logger::getInstance(kHostLoggerId)
-                ->writeToLog(0, "remove", "host/MibChanges.cpp", __LINE__, 3, "Managed entity(%hu; %hu) stays",
-                             m_Me.getManagedEntityClassId(), m_Instance);
+            logGuarded([this](Logger& logger) {
+                logger.writeToLog(0, "remove", "host/MibChanges.cpp", __LINE__, 3, "Managed entity(%hu; %hu) stays",
+                                  m_Me.getManagedEntityClassId(), m_Instance);
+            });
         }
     }
 

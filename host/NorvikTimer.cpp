@@ -6,11 +6,15 @@
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
+#include <csignal>
+#include <exception>
 #include <limits>
 #include <mutex>
 #include <thread>
 
 #include <time.h>
+
+#include "GuardedLog.h"
 
 using Clock = std::chrono::steady_clock;
 
@@ -36,6 +40,31 @@ Clock::time_point roughlyNow()
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
     return Clock::time_point(toDuration(now)) + tick;
+}
+
+/// Signals are the affair of the host's own thread: a thread made while one lives takes none.
+class SignalsHeldBack
+{
+public:
+    SignalsHeldBack()
+    {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_SETMASK, &all, &m_Before);
+    }
+    ~SignalsHeldBack() { pthread_sigmask(SIG_SETMASK, &m_Before, nullptr); }
+    SignalsHeldBack(const SignalsHeldBack&) = delete;
+    SignalsHeldBack& operator=(const SignalsHeldBack&) = delete;
+
+private:
+    sigset_t m_Before;
+};
+
+void logFailure(const char* what) noexcept
+{
+    omci::logGuarded([what](Logger& logger) {
+        logger.writeToLog(0, "call", "host/NorvikTimer.cpp", __LINE__, 3, "A timer's handler failed(%s)", what);
+    });
 }
 
 }  // namespace
@@ -126,14 +155,9 @@ private:
         if (m_Started) {
             return;
         }
-        m_Started = true;
-        // Signals are the affair of the host's own thread.
-        sigset_t all;
-        sigset_t before;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &before);
+        const SignalsHeldBack held;
         std::thread thread([this] { run(); });
-        pthread_sigmask(SIG_SETMASK, &before, nullptr);
+        m_Started = true;
         pthread_setname_np(thread.native_handle(), "omciTimer");
         m_Thread = thread.get_id();
         thread.detach();
@@ -176,10 +200,22 @@ private:
         value.sival_ptr = state->argument;
         // The handler may delete its timer: `state` is only compared from here on.
         lock.unlock();
-        handler(value);
+        call(handler, value);
         lock.lock();
         m_Running = nullptr;
         m_HandlerDone.notify_all();
+    }
+
+    /// There is no caller on this thread who could be told of an exception.
+    static void call(Handler handler, sigval value) noexcept
+    {
+        try {
+            handler(value);
+        } catch (const std::exception& exception) {
+            logFailure(exception.what());
+        } catch (...) {
+            logFailure("unknown exception");
+        }
     }
 
     std::mutex m_Mutex;

@@ -8,9 +8,8 @@
 
 #include "AttributeLists.h"
 #include "ByteOrder.h"
-#include "LogSink.h"
+#include "GuardedLog.h"
 #include "MessageLayout.h"
-#include "omci_host/Logger.h"
 #include "omci_host/OmciFrame.h"
 #include "omci_host/OmciMe.h"
 #include "omci_host/OmciMeFactory.h"
@@ -89,10 +88,11 @@ private:
 bool readValue(const OmciMe& me, unsigned short instance, const attributeDefinition& definition, unsigned char* value)
 {
     const auto leaveOut = [&](const char* problem) {
-        Logger::getInstance(omci::kHostLoggerId)
-            ->writeToLog(0, "readValue", "host/Snapshots.cpp", __LINE__, 3,
-                         "Managed entity(%hu; %hu); Attribute mask(0x%04X) left out(%s)", me.getManagedEntityClassId(),
-                         instance, definition.attributeMask, problem);
+        omci::logGuarded([&](Logger& logger) {
+            logger.writeToLog(0, "readValue", "host/Snapshots.cpp", __LINE__, 3,
+                              "Managed entity(%hu; %hu); Attribute mask(0x%04X) left out(%s)",
+                              me.getManagedEntityClassId(), instance, definition.attributeMask, problem);
+        });
         return false;
     };
     try {

@@ -2,6 +2,8 @@
 // the MIB that is left uploads well-formed.
 
 #include "FailingNew.h"
+#include "Logger.h"
+#include "host/LogSink.h"
 #include "model/Subject.h"
 
 using namespace model;
@@ -119,7 +121,67 @@ Outcome undisturbed()
     return play(onu, kNone);
 }
 
+/// A frame that is dropped for the reason, and the ONU that drops it.
+struct DroppedFrame
+{
+    omci::DropReason reason;
+    Bytes frame;
+    const char* mic = "none";
+    bool takesBaselineOnly = false;
+};
+
+std::vector<DroppedFrame> droppedFrames()
+{
+    using omci::DropReason;
+    constexpr std::uint8_t reserved = 0x80;
+    constexpr std::uint8_t acknowledgement = 0x20;
+    const Bytes request = frameOf(ask(GET, 256, 0, {0x80, 0}), 1);
+    Bytes silent = frameOf({GET, false, false, 256, 0, {0x80, 0}}, 1);
+    const auto withOctet = [&request](std::size_t index, unsigned int bits) {
+        Bytes changed = request;
+        changed[index] = static_cast<std::uint8_t>(changed[index] | bits);
+        return changed;
+    };
+    const auto ofLength = [](Bytes frame, std::size_t length) {
+        frame.resize(length);
+        return frame;
+    };
+    return {{DropReason::TooShort, ofLength(request, 7)},
+            {DropReason::UnknownDeviceId, withOctet(3, 0x33)},
+            {DropReason::InvalidMessageType, withOctet(2, reserved)},
+            {DropReason::Truncated, ofLength(silent, 39)},
+            {DropReason::Oversized, ofLength(silent, 60)},
+            {DropReason::WrongMic, request, "crc32"},
+            {DropReason::NotARequest, withOctet(2, acknowledgement)},
+            {DropReason::ExtendedRefused, frameOf({GET, true, true, 256, 0, {0x80, 0}}, 1), "none", true}};
+}
+
 }  // namespace
+
+TEST(AllocationFault, EachOneOfADroppedFrameLeavesItDropped)
+{
+    Logger::getInstance(omci::kHostLoggerId)->setLevel(0);
+    const std::vector<DroppedFrame> frames = droppedFrames();
+    ASSERT_EQ(omci::kDropReasons, frames.size());
+    for (const DroppedFrame& dropped : frames) {
+        std::string problem;
+        omci::Dispatcher dispatcher(*omci::Mic::parse(dropped.mic, problem));
+        if (dropped.takesBaselineOnly) {
+            dispatcher.takeBaselineOnly();
+        }
+        std::size_t handled = 0;
+        bool failed = true;
+        for (; failed; ++handled) {
+            failingNew::failAfter(handled);
+            const omci::Dispatcher::Reply reply = dispatcher.handle(dropped.frame.data(), dropped.frame.size());
+            failed = failingNew::hasFailed();
+            failingNew::disarm();
+            EXPECT_EQ(0U, reply.length);
+        }
+        EXPECT_LT(1U, handled) << dropReasonName(dropped.reason) << ": no allocation failed";
+        EXPECT_EQ(handled, dispatcher.statistics().dropped(dropped.reason)) << dropReasonName(dropped.reason);
+    }
+}
 
 TEST(AllocationFault, EachOneOfASessionIsAnsweredAndTheMibResetsToItsStart)
 {
