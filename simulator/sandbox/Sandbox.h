@@ -51,10 +51,21 @@ public:
     /// What has a failure point.
     static std::vector<std::string> failurePoints();
 
+    /// The library's calls are numbered from 0 from now on, whatever they are: open, write, close, fopen, fgets, fread,
+    /// fseek, ftell, fclose, fstat, statvfs, calloc, system and pthread_create. Nothing fails.
+    static void numberCalls();
+    /// The same, and the call of that number fails. A file is closed even so, as close and fclose have it.
+    static void failCall(std::size_t number, int errnoValue);
+    /// What was called since, in the order of the numbers; at most 4096.
+    static std::vector<std::string> numberedCalls();
+    /// A disk with room for so many octets of the library's writes: the one that crosses the end is cut short, and what
+    /// follows fails with ENOSPC. Nothing: no limit.
+    static void setRoom(std::optional<std::uint64_t> octets);
+
     /// Free bytes that statvfs shows to the library; nothing: those of the real file system.
     static void setFreeSpace(std::optional<std::uint64_t> bytes);
 
-    /// Forgets commands, handler, failures, free space and exempt paths; the directory and its files stay.
+    /// Forgets commands, handler, failures, room, free space and exempt paths; the directory and its files stay.
     static void reset();
 };
 

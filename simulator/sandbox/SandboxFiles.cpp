@@ -31,7 +31,6 @@ FILE* sandboxFopen(const char* path, const char* mode) SANDBOX_STANDS_FOR("fopen
 FILE* sandboxFopen64(const char* path, const char* mode) SANDBOX_STANDS_FOR("fopen64");
 FILE* sandboxFreopen(const char* path, const char* mode, FILE* file) SANDBOX_STANDS_FOR("freopen");
 FILE* sandboxFreopen64(const char* path, const char* mode, FILE* file) SANDBOX_STANDS_FOR("freopen64");
-ssize_t sandboxWrite(int file, const void* bytes, std::size_t count) SANDBOX_STANDS_FOR("write");
 int sandboxStatvfs(const char* path, struct statvfs* out) SANDBOX_STANDS_FOR("statvfs");
 int sandboxStatvfs64(const char* path, struct statvfs64* out) SANDBOX_STANDS_FOR("statvfs64");
 int sandboxStat(const char* path, struct stat* out) SANDBOX_STANDS_FOR("stat");
@@ -235,12 +234,6 @@ FILE* sandboxFreopen64(const char* path, const char* mode, FILE* file)
 {
     SANDBOX_REAL(decltype(&sandboxFreopen64), "freopen64");
     return fopenRedirected(real, SANDBOX_CALLER, path, mode, file);
-}
-
-ssize_t sandboxWrite(int file, const void* bytes, std::size_t count)
-{
-    SANDBOX_REAL(decltype(&sandboxWrite), "write");
-    return failsNow(FAIL_WRITE, SANDBOX_CALLER) ? -1 : real(file, bytes, count);
 }
 
 int sandboxStatvfs(const char* path, struct statvfs* out)

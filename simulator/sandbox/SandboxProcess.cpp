@@ -28,8 +28,11 @@ int sandboxPthreadCreate(pthread_t* thread, const pthread_attr_t* attributes, vo
 
 int sandboxSystem(const char* command)
 {
-    // A null command asks whether there is a shell. There is a stand-in.
-    return command == nullptr ? 1 : State::get().runCommand(command);
+    if (command == nullptr) {
+        // Asks whether there is a shell. There is a stand-in.
+        return 1;
+    }
+    return failsNow(FAIL_SYSTEM, SANDBOX_CALLER) ? -1 : State::get().runCommand(command);
 }
 
 FILE* sandboxPopen(const char* command, const char*)
@@ -81,7 +84,8 @@ void* sandboxMalloc(std::size_t size)
 
 void* sandboxCalloc(std::size_t count, std::size_t size)
 {
-    return failsNow(FAIL_MALLOC, SANDBOX_CALLER) ? nullptr : __libc_calloc(count, size);
+    const void* const caller = SANDBOX_CALLER;
+    return failsNow(FAIL_MALLOC, caller) || failsNow(FAIL_CALLOC, caller) ? nullptr : __libc_calloc(count, size);
 }
 
 #endif

@@ -3,7 +3,6 @@
 #include <dlfcn.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -14,19 +13,7 @@
 namespace fs = std::filesystem;
 
 namespace sandbox {
-const std::array<const char*, FAILURE_POINT_COUNT> failurePointNames = {"open",    "write",          "fopen",
-                                                                        "statvfs", "pthread_create", "malloc"};
-
 namespace {
-struct Failure
-{
-    std::atomic<unsigned int> times{0};
-    std::atomic<int> errnoValue{0};
-};
-
-/// Constant-initialised: the allocator asks here before anything is constructed.
-std::array<Failure, FAILURE_POINT_COUNT> failures;
-
 thread_local unsigned int ownWorkDepth = 0;
 }  // namespace
 
@@ -174,9 +161,7 @@ void State::reset()
     m_CommandHandler = nullptr;
     m_FreeSpace.reset();
     m_Exempt.clear();
-    for (Failure& failure : failures) {
-        failure.times = 0;
-    }
+    disarmFailures();
 }
 
 OwnWork::OwnWork()
@@ -192,27 +177,6 @@ OwnWork::~OwnWork()
 bool OwnWork::isGoingOn()
 {
     return ownWorkDepth != 0;
-}
-
-void armFailure(FailurePoint point, int errnoValue, unsigned int times)
-{
-    failures[point].errnoValue = errnoValue;
-    failures[point].times = times;
-}
-
-bool failsNow(FailurePoint point, const void* returnAddress)
-{
-    Failure& failure = failures[point];
-    unsigned int left = failure.times.load(std::memory_order_relaxed);
-    if (left == 0 || !isLibraryCall(returnAddress)) {
-        return false;
-    }
-    while (left != 0 && !failure.times.compare_exchange_weak(left, left - 1)) {
-    }
-    if (left != 0) {
-        errno = failure.errnoValue;
-    }
-    return left != 0;
 }
 
 void* nextSymbol(const char* name)
@@ -265,22 +229,6 @@ std::vector<std::string> Sandbox::commands()
 void Sandbox::clearCommands()
 {
     sandbox::State::get().clearCommands();
-}
-
-bool Sandbox::fail(const std::string& function, int errnoValue, unsigned int times)
-{
-    for (std::size_t point = 0; point < sandbox::FAILURE_POINT_COUNT; ++point) {
-        if (function == sandbox::failurePointNames[point]) {
-            sandbox::armFailure(static_cast<sandbox::FailurePoint>(point), errnoValue, times);
-            return true;
-        }
-    }
-    return false;
-}
-
-std::vector<std::string> Sandbox::failurePoints()
-{
-    return {sandbox::failurePointNames.begin(), sandbox::failurePointNames.end()};
 }
 
 void Sandbox::setFreeSpace(std::optional<std::uint64_t> bytes)

@@ -13,7 +13,7 @@
 #include "Sandbox.h"
 
 namespace sandbox {
-/// C functions that can be told to fail.
+/// C functions that can be told to fail: the first ones by name, all but malloc by the number of the call.
 enum FailurePoint : std::size_t
 {
     FAIL_OPEN,
@@ -22,10 +22,18 @@ enum FailurePoint : std::size_t
     FAIL_STATVFS,
     FAIL_PTHREAD_CREATE,
     FAIL_MALLOC,
+    NAMED_FAILURE_POINT_COUNT,
+    FAIL_CALLOC = NAMED_FAILURE_POINT_COUNT,
+    FAIL_CLOSE,
+    FAIL_FSTAT,
+    FAIL_FGETS,
+    FAIL_FREAD,
+    FAIL_FSEEK,
+    FAIL_FTELL,
+    FAIL_FCLOSE,
+    FAIL_SYSTEM,
     FAILURE_POINT_COUNT
 };
-
-extern const std::array<const char*, FAILURE_POINT_COUNT> failurePointNames;
 
 /// Everything the sandbox remembers. There is one, made at the first use and never destroyed, so that calls in static
 /// constructors and destructors find it.
@@ -83,10 +91,12 @@ bool isLibraryCall(const void* returnAddress);
 /// Takes the image around `address` for the library.
 void setLibraryImage(const void* address);
 
-/// Makes the next `times` calls of the library fail.
-void armFailure(FailurePoint point, int errnoValue, unsigned int times);
 /// True, with errno set, when this call of the library is to fail. Allocates nothing.
 bool failsNow(FailurePoint point, const void* returnAddress);
+/// How many of `count` octets this write of the library still has room for.
+std::size_t takeRoom(std::size_t count, const void* returnAddress);
+/// No call fails any more, none is counted, and there is room for all writes.
+void disarmFailures();
 
 /// The next definition of a C function behind the sandbox's own.
 void* nextSymbol(const char* name);

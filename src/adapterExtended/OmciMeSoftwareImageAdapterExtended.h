@@ -105,6 +105,7 @@ private:
     struct ImageCheck;
     class ImageUse;
     class WriterHold;
+    class StatusToStore;
 
     /// The state at one moment.
     struct Snapshot
@@ -137,10 +138,13 @@ private:
     static void notifyHardware(HardwareNotification notification);
     /// The part of a status change that the outside sees: log line and hardware layer.
     static void announceStatus(unsigned char status);
+    static void tellHardwareOfStatus(unsigned char status);
     static unsigned char exchangeDownloadStarted(unsigned char started);
 
     static int tryToStart(OmciFrame& frame);
     static void acceptDownload(OmciFrame& frame);
+    /// A download that could not be supervised must not bar the next one.
+    static void takeBackStart() noexcept;
     static void negotiateWindowSize(const OmciFrame& frame);
     static int makeRoomForImage(unsigned int imageSize);
     /// Puts the storage of a new transfer in place of the old one, which the caller frees.
@@ -148,22 +152,33 @@ private:
 
     static void logSectionConflict(const SectionConflict& conflict, unsigned short instance);
     static void announceSection(const SectionOutcome& outcome);
+    /// Back to the end of the window before: the OLT hears of an error and sends this one again.
+    static void takeBackWindow(const SectionOutcome& outcome) noexcept;
 
     static int answerWhenDone(OmciFrame& frame, unsigned char status);
     static int answerWhileBusy(OmciFrame& frame, unsigned char status);
     int endTransfer(OmciFrame& frame);
+    int checkAndWrite(OmciFrame& frame, ImageUse& use);
     static ImageCheck checkImage(const OmciFrame& frame);
     static int refuseImage(OmciFrame& frame, const ImageCheck& check);
     int startWriter(OmciFrame& frame, ImageUse& use);
 
+    /// Makes the board start from the image next time, unless that runs already.
+    static int selectImage(unsigned short instance);
+
+    static void writeImage(void* parameters);
     static bool saveImage();
     static void verifyImage(void* parameters);
     static bool isVerifiedAndInPlace();
+    /// The image is in place, whatever becomes of its description.
+    static void readNewDescription();
     /// Stores the last status of a write and ends the download in one step, so that a command which sees the status
     /// finds nothing of the old download.
     static void endWrite(unsigned char status);
     /// The same without a status: the old one stays.
     static void giveUpWrite();
+    /// An exception on the writer's thread, where there is no caller.
+    static void endWriteAfter(const char* what) noexcept;
 
     /// @name Under the lock
     /// @{

@@ -116,6 +116,20 @@ int OmciMeSoftwareImageAdapterExtended::answerWhileBusy(OmciFrame& frame, unsign
 int OmciMeSoftwareImageAdapterExtended::endTransfer(OmciFrame& frame)
 {
     ImageUse use;
+    try {
+        return checkAndWrite(frame, use);
+    } catch (...) {
+        // An image that nobody could check is refused, so that the OLT may begin anew.
+        if (!use.isHandedOver()) {
+            const Lock lock(m_Mutex);
+            storeStatus(STATUS_REFUSED);
+        }
+        throw;
+    }
+}
+
+int OmciMeSoftwareImageAdapterExtended::checkAndWrite(OmciFrame& frame, ImageUse& use)
+{
     const ImageCheck check = checkImage(frame);
     if (!check.passed()) {
         return refuseImage(frame, check);
@@ -178,6 +192,8 @@ int OmciMeSoftwareImageAdapterExtended::startWriter(OmciFrame& frame, ImageUse& 
     {
         const Lock lock(m_Mutex);
         m_FlashWriterThreadId = thread;
+        // First of all: while the writer is at work, no command may take the transfer for one that can be checked.
+        storeStatus(STATUS_ACCEPTED);
     }
     updateSoftwareDownloadStatus(STATUS_ACCEPTED);
     return 0;

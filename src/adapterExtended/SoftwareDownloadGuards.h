@@ -20,6 +20,7 @@ public:
 
     /// The writer ends it.
     void handOver() { m_IsHandedOver = true; }
+    bool isHandedOver() const { return m_IsHandedOver; }
 
 private:
     bool m_IsHandedOver = false;
@@ -42,6 +43,23 @@ public:
     }
     WriterHold(const WriterHold&) = delete;
     WriterHold& operator=(const WriterHold&) = delete;
+};
+
+/// Stores a status when it goes.
+class OmciMeSoftwareImageAdapterExtended::StatusToStore
+{
+public:
+    explicit StatusToStore(unsigned char status) : m_Status(status) {}
+    ~StatusToStore()
+    {
+        const Lock lock(m_Mutex);
+        storeStatus(m_Status);
+    }
+    StatusToStore(const StatusToStore&) = delete;
+    StatusToStore& operator=(const StatusToStore&) = delete;
+
+private:
+    unsigned char m_Status;
 };
 
 #endif

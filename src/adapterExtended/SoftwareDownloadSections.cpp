@@ -48,6 +48,7 @@ struct OmciMeSoftwareImageAdapterExtended::SectionOutcome
     bool overflow;
     bool complete;
     bool windowRefused;
+    unsigned int windowStart;
     unsigned short expected;
     unsigned short actual;
     unsigned short sectionWithError;
@@ -76,7 +77,14 @@ int OmciMeSoftwareImageAdapterExtended::downloadSection(OmciFrame* frame)
         }
         return -1;
     }
-    announceSection(outcome);
+    try {
+        announceSection(outcome);
+    } catch (...) {
+        if (section.acknowledge) {
+            takeBackWindow(outcome);
+        }
+        throw;
+    }
     if (!section.acknowledge) {
         return 1;
     }
@@ -150,6 +158,7 @@ void OmciMeSoftwareImageAdapterExtended::closeSection(const Section& section, Se
         return;
     }
     m_SectionCounter = 0;
+    outcome.windowStart = m_ImageOffsetCopy;
     if (m_DownloadSectionError == 0) {
         m_ImageOffsetCopy = m_ImageOffset;
         return;
@@ -158,6 +167,17 @@ void OmciMeSoftwareImageAdapterExtended::closeSection(const Section& section, Se
     outcome.sectionWithError = m_SectionWithError;
     m_DownloadSectionError = 0;
     m_ImageOffset = m_ImageOffsetCopy;
+}
+
+void OmciMeSoftwareImageAdapterExtended::takeBackWindow(const SectionOutcome& outcome) noexcept
+{
+    const Lock lock(m_Mutex);
+    // A time-out may have given the download up since.
+    if (m_IsDownloadInProgress != 0) {
+        m_ImageOffset = outcome.windowStart;
+        m_ImageOffsetCopy = outcome.windowStart;
+        storeStatus(STATUS_IN_PROGRESS);
+    }
 }
 
 void OmciMeSoftwareImageAdapterExtended::announceSection(const SectionOutcome& outcome)

@@ -87,10 +87,21 @@ void OmciMeSoftwareImageAdapterExtended::acceptDownload(OmciFrame& frame)
     NRVK_LOG(4, "Window size in use for software download(%hhu)", now.windowSize);
     reply(frame, 0, now.windowSize);
     updateSoftwareDownloadStatus(STATUS_STARTED);
-    NRVK_LOG(3, "SOFTWARE_UPGRADE: Download started on image %u", now.instance);
-    exchangeDownloadStarted(0);
-    startTimer();
+    try {
+        NRVK_LOG(3, "SOFTWARE_UPGRADE: Download started on image %u", now.instance);
+        exchangeDownloadStarted(0);
+        startTimer();
+    } catch (...) {
+        takeBackStart();
+        throw;
+    }
     dropPageCache();
+}
+
+void OmciMeSoftwareImageAdapterExtended::takeBackStart() noexcept
+{
+    const Lock lock(m_Mutex);
+    storeStatus(STATUS_CONFLICT);
 }
 
 int OmciMeSoftwareImageAdapterExtended::checkForConflictStartDownload(OmciMeSoftwareImageIf* image, OmciFrame* frame)

@@ -1,5 +1,5 @@
 // The status that all commands of a download share, and its display.
-#include "adapterExtended/OmciMeSoftwareImageAdapterExtended.h"
+#include "adapterExtended/SoftwareDownloadGuards.h"
 
 #include <utility>
 
@@ -59,6 +59,11 @@ void OmciMeSoftwareImageAdapterExtended::notifyHardware(HardwareNotification not
 void OmciMeSoftwareImageAdapterExtended::announceStatus(unsigned char status)
 {
     logStatus(status);
+    tellHardwareOfStatus(status);
+}
+
+void OmciMeSoftwareImageAdapterExtended::tellHardwareOfStatus(unsigned char status)
+{
     switch (status) {
     case STATUS_CONFLICT:
     case STATUS_REFUSED:
@@ -91,9 +96,10 @@ int OmciMeSoftwareImageAdapterExtended::updateSoftwareDownloadStatus(unsigned sh
         return -1;
     }
     const auto number = static_cast<unsigned char>(status);
-    announceStatus(number);
-    const Lock lock(m_Mutex);
-    storeStatus(number);
+    logStatus(number);
+    // What the hardware layer is told of has happened, however it takes the news.
+    const StatusToStore stored(number);
+    tellHardwareOfStatus(number);
     return 0;
 }
 

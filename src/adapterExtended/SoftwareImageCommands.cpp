@@ -36,7 +36,18 @@ int OmciMeSoftwareImageAdapterExtended::activateSoftwareImage(OmciFrame* frame)
     // Decided before the instance is looked at. Deliberate: from here on only a restart clears the state.
     reply(*frame, 0);
     updateSoftwareDownloadStatus(STATUS_ACTIVATED);
-    const unsigned short instance = frame->getManagedEntityInstance();
+    try {
+        return selectImage(frame->getManagedEntityInstance());
+    } catch (...) {
+        // The OLT hears of an error: it may try again, or download another image.
+        const Lock lock(m_Mutex);
+        storeStatus(now.status);
+        throw;
+    }
+}
+
+int OmciMeSoftwareImageAdapterExtended::selectImage(unsigned short instance)
+{
     const OmciMeSoftwareImageIf* image = OmciMeSoftwareImageIf::getManagedEntityInstance(instance);
     if (image == nullptr) {
         NRVK_LOG(3, "Instance(%hhu) for Software Image not found", instance);

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <exception>
 #include <string>
 
 #include "adapterExtended/OmciMeSoftwareImageAdapterExtended.h"
@@ -37,8 +38,12 @@ void* OmciMeSoftwareImageAdapterExtended::flashWriterCallback(void* parameters)
         std::unique_lock<std::mutex> lock(m_Mutex);
         m_WriterChanged.wait(lock, [] { return m_IsWriterHeld == 0; });
     }
-    if (saveImage()) {
-        verifyImage(parameters);
+    try {
+        writeImage(parameters);
+    } catch (const std::exception& exception) {
+        endWriteAfter(exception.what());
+    } catch (...) {
+        endWriteAfter("unknown exception");
     }
     {
         const Lock lock(m_Mutex);
@@ -49,6 +54,24 @@ void* OmciMeSoftwareImageAdapterExtended::flashWriterCallback(void* parameters)
     }
     pthread_detach(pthread_self());
     return nullptr;
+}
+
+void OmciMeSoftwareImageAdapterExtended::writeImage(void* parameters)
+{
+    if (saveImage()) {
+        verifyImage(parameters);
+    }
+}
+
+void OmciMeSoftwareImageAdapterExtended::endWriteAfter(const char* what) noexcept
+{
+    endWrite(STATUS_WRITE_FAILED);
+    try {
+        NRVK_LOG(3, "Writing the image failed(%s)", what);
+    } catch (...) {
+        // Without memory for the line there is none.
+        return;
+    }
 }
 
 bool OmciMeSoftwareImageAdapterExtended::saveImage()
@@ -63,9 +86,14 @@ bool OmciMeSoftwareImageAdapterExtended::saveImage()
     }
     // No lock: the image stays while it is in use.
     const ssize_t written = write(file, m_ImageStorage, m_ImageSize);
-    const int error = errno;
-    close(file);
-    if (written < 0 || static_cast<std::size_t>(written) < m_ImageSize) {
+    int error = errno;
+    bool isSaved = written >= 0 && static_cast<std::size_t>(written) == m_ImageSize;
+    // A disk may tell only now that it is full.
+    if (close(file) != 0 && isSaved) {
+        error = errno;
+        isSaved = false;
+    }
+    if (!isSaved) {
         giveUpWrite();
         NRVK_LOG(3, "Cannot write ONT image in the file - errno(%u)", error);
         return false;
@@ -85,7 +113,7 @@ void OmciMeSoftwareImageAdapterExtended::verifyImage(void* parameters)
     if (isVerifiedAndInPlace()) {
         announceStatus(STATUS_WRITTEN);
         // Before the OLT sees success, so that it finds the new image's description then.
-        nrvk::readSoftwareImageDescriptions();
+        readNewDescription();
         endWrite(STATUS_WRITTEN);
     } else {
         announceStatus(STATUS_WRITE_FAILED);
@@ -93,11 +121,22 @@ void OmciMeSoftwareImageAdapterExtended::verifyImage(void* parameters)
     }
 }
 
+void OmciMeSoftwareImageAdapterExtended::readNewDescription()
+{
+    try {
+        nrvk::readSoftwareImageDescriptions();
+    } catch (const std::exception& exception) {
+        NRVK_LOG(3, "Reading the new image's description failed(%s)", exception.what());
+    } catch (...) {
+        NRVK_LOG(3, "Reading the new image's description failed(%s)", "unknown exception");
+    }
+}
+
 bool OmciMeSoftwareImageAdapterExtended::isVerifiedAndInPlace()
 {
     for (int attempt = 0; attempt < NUMBER_OF_VERIFY_AND_EXEC_RETRY; ++attempt) {
-        nrvk::runCommand(kVerifyCommand);
-        FILE* file = std::fopen(kVerifyStatusFile, "r");
+        // Where the script has not run, the file tells of an earlier image.
+        FILE* file = nrvk::runCommand(kVerifyCommand) ? std::fopen(kVerifyStatusFile, "r") : nullptr;
         if (file == nullptr) {
             NRVK_LOG(3, "System call(%s) failed(%s). Retry(%d/%d).", kVerifyCommand, "", attempt + 1,
                      NUMBER_OF_VERIFY_AND_EXEC_RETRY);

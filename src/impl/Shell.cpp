@@ -4,9 +4,9 @@
 
 namespace nrvk {
 
-void runCommand(const char* command)
+bool runCommand(const char* command)
 {
-    [[maybe_unused]] const int result = system(command);
+    return system(command) != -1;
 }
 
 }  // namespace nrvk

@@ -3,8 +3,9 @@
 
 namespace nrvk {
 
-/// Runs a command of the board by the shell and waits for it. Nobody could act on its outcome, so there is none.
-void runCommand(const char* command);
+/// Runs a command of the board by the shell and waits for it. False when no shell could be started;
+/// what the command itself made of it, nobody could act on.
+bool runCommand(const char* command);
 
 }  // namespace nrvk
 

@@ -66,7 +66,13 @@ void OmciMeSoftwareImageImplExtended::updateSoftwareImageMEs() const
         return;
     }
     const Reading reading;
-    m_SoftwareVersionTimer->startOneShotTimer(kRereadLimitMilliseconds);
+    try {
+        m_SoftwareVersionTimer->startOneShotTimer(kRereadLimitMilliseconds);
+    } catch (...) {
+        // Without the timer nobody else would let the next read go to the file.
+        m_TimeToAskForNewSoftwareVersion = 1;
+        throw;
+    }
     nrvk::readSoftwareImageDescriptions();
 }
 
