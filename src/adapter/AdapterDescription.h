@@ -37,6 +37,15 @@ struct AdapterDescription
     /// The adapter's source file and the line of its description, for log lines of shared code.
     LogName file;
     unsigned int line;
+
+    /// How the attribute of exactly this mask is reached, or null.
+    const AttributeAccess* find(unsigned short attributeMask) const
+    {
+        // Bits above the mask's: of none at all the count is 16 then, and no attribute has such a place.
+        const unsigned int place = 15U - static_cast<unsigned int>(__builtin_ctz(attributeMask | 0x10000U));
+        const bool singleBit = (attributeMask & (attributeMask - 1)) == 0;
+        return singleBit && place < definitionCount ? access + place : nullptr;
+    }
 };
 
 template <typename If, bool BoundToHardware>

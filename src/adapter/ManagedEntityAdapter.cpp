@@ -3,6 +3,7 @@
 #include "OmciMeFactory.h"
 
 using nrvk::AdapterDescription;
+using nrvk::AttributeAccess;
 using nrvk::LogName;
 
 // Log lines carry the file of the class's own adapter.
@@ -11,6 +12,17 @@ using nrvk::LogName;
 namespace {
 
 constexpr unsigned char kEntryLevel = 6;
+
+const LogName nameOfSet("setAttribute");
+const LogName nameOfGet("getAttribute");
+
+/// The lines of a Set or Get of an instance that is not there, and its result.
+[[gnu::noinline]] int reportMissing(const LogName& function, const AdapterDescription& entity, unsigned short instance)
+{
+    entity.store.find(instance);
+    nrvk::logForClass(function, entity.file, entity.line, 3, "Instance(%hu) not found", instance);
+    return -1;
+}
 
 }  // namespace
 
@@ -99,26 +111,17 @@ int ManagedEntityAdapter::updateAlarmsBitmap(unsigned short instance, unsigned c
     return 0;
 }
 
-int ManagedEntityAdapter::attributeOfMask(const AdapterDescription& description, unsigned short attributeMask)
-{
-    const bool singleBit = attributeMask != 0 && (attributeMask & (attributeMask - 1)) == 0;
-    if (!singleBit) {
-        return -1;
-    }
-    const int attribute = 15 - __builtin_ctz(attributeMask);
-    return attribute < description.definitionCount ? attribute : -1;
-}
-
-// The road of a Set that has nothing to report ends in a jump to the attribute's setter, so that it needs no frame.
+// The roads of a Set and of a Get that have nothing to report end in jumps, so that they need no frames: the attribute
+// is found first, since what it is found by is needed no more then.
 int ManagedEntityAdapter::setAttribute(unsigned short instance, const attributeDefinition* definition,
                                        const unsigned char* buffer) const
 {
     if (nrvk::isDropped(kEntryLevel) && definition != nullptr && buffer != nullptr) {
         const AdapterDescription& entity = description();
-        void* object = entity.store.lookUp(instance);
-        const int attribute = attributeOfMask(entity, definition->attributeMask);
-        if (object != nullptr && attribute >= 0) {
-            return nrvk::setFromWire(entity.access[attribute], entity.entity, attribute, object, buffer);
+        if (const AttributeAccess* access = entity.find(definition->attributeMask)) {
+            void* object = entity.store.lookUp(instance);
+            return object != nullptr ? nrvk::setFromWire(*access, object, buffer)
+                                     : reportMissing(nameOfSet, entity, instance);
         }
     }
     return setAttributeWithLines(instance, definition, buffer);
@@ -130,24 +133,23 @@ int ManagedEntityAdapter::setAttribute(unsigned short instance, const attributeD
 int ManagedEntityAdapter::setAttributeWithLines(unsigned short instance, const attributeDefinition* definition,
                                                 const unsigned char* buffer) const
 {
-    static const LogName function("setAttribute");
+    const LogName& function = nameOfSet;
     const AdapterDescription& entity = description();
     LINE_OF_CLASS(6, "Instance(%hu); Attribute definition(%p); Buffer(%p)", instance, definition, buffer);
     if (definition == nullptr || buffer == nullptr) {
         LINE_OF_CLASS(3, "NULL 'attributeDefinition(%p)' or 'buffer(%p)' pointer", definition, buffer);
         return -1;
     }
-    void* object = entity.store.find(instance);
+    void* object = entity.store.lookUp(instance);
     if (object == nullptr) {
-        LINE_OF_CLASS(3, "Instance(%hu) not found", instance);
-        return -1;
+        return reportMissing(function, entity, instance);
     }
-    const int attribute = attributeOfMask(entity, definition->attributeMask);
-    if (attribute < 0) {
+    const AttributeAccess* access = entity.find(definition->attributeMask);
+    if (access == nullptr) {
         LINE_OF_CLASS(3, "Attribute mask(0x%X) not supported", definition->attributeMask);
         return -1;
     }
-    return nrvk::setFromWire(entity.access[attribute], entity.entity, attribute, object, buffer);
+    return nrvk::setFromWire(*access, object, buffer);
 }
 
 int ManagedEntityAdapter::getAttribute(unsigned short instance, const attributeDefinition* definition,
@@ -155,10 +157,10 @@ int ManagedEntityAdapter::getAttribute(unsigned short instance, const attributeD
 {
     if (nrvk::isDropped(kEntryLevel) && definition != nullptr && buffer != nullptr) {
         const AdapterDescription& entity = description();
-        const void* object = entity.store.lookUp(instance);
-        const int attribute = attributeOfMask(entity, definition->attributeMask);
-        if (object != nullptr && attribute >= 0) {
-            return nrvk::getToWire(entity.access[attribute], entity.entity, attribute, object, buffer, action);
+        if (const AttributeAccess* access = entity.find(definition->attributeMask)) {
+            const void* object = entity.store.lookUp(instance);
+            return object != nullptr ? nrvk::getToWire(*access, object, buffer, action)
+                                     : reportMissing(nameOfGet, entity, instance);
         }
     }
     return getAttributeWithLines(instance, definition, buffer, action);
@@ -167,24 +169,23 @@ int ManagedEntityAdapter::getAttribute(unsigned short instance, const attributeD
 int ManagedEntityAdapter::getAttributeWithLines(unsigned short instance, const attributeDefinition* definition,
                                                 unsigned char* buffer, EnumOmciAction action) const
 {
-    static const LogName function("getAttribute");
+    const LogName& function = nameOfGet;
     const AdapterDescription& entity = description();
     LINE_OF_CLASS(6, "Instance(%hu); Attribute(%p); Buffer(%p); Action(%d)", instance, definition, buffer, action);
     if (definition == nullptr || buffer == nullptr) {
         LINE_OF_CLASS(3, "NULL 'attributeDefinition(%p)' or 'buffer(%p)' pointer", definition, buffer);
         return -1;
     }
-    const void* object = entity.store.find(instance);
+    const void* object = entity.store.lookUp(instance);
     if (object == nullptr) {
-        LINE_OF_CLASS(3, "Instance(%hu) not found", instance);
-        return -1;
+        return reportMissing(function, entity, instance);
     }
-    const int attribute = attributeOfMask(entity, definition->attributeMask);
-    if (attribute < 0) {
+    const AttributeAccess* access = entity.find(definition->attributeMask);
+    if (access == nullptr) {
         LINE_OF_CLASS(3, "Attribute mask(0x%X) not supported", definition->attributeMask);
         return 0;  // unlike a Set: the OLT's Get of an attribute that the class lacks succeeds with nothing written
     }
-    return nrvk::getToWire(entity.access[attribute], entity.entity, attribute, object, buffer, action);
+    return nrvk::getToWire(*access, object, buffer, action);
 }
 
 int ManagedEntityAdapter::copyAttributes(std::list<attributeDefinition>* list, EnumAttributeFlag flag,

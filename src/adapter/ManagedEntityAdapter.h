@@ -83,8 +83,6 @@ private:
                               EnumOmciAction action) const;
     int copyAttributes(std::list<attributeDefinition>* list, EnumAttributeFlag flag,
                        const nrvk::LogName& function) const;
-    /// The attribute of exactly this mask, or -1.
-    static int attributeOfMask(const nrvk::AdapterDescription& description, unsigned short attributeMask);
 
     const nrvk::AdapterDescription& m_Description;
 };

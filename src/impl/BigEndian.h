@@ -23,6 +23,30 @@ inline void writeBigEndian(unsigned char* buffer, std::size_t size, unsigned lon
     }
 }
 
+/// The same of a size that is known: one load, or one store, where the compiler sees it.
+template <std::size_t Size>
+inline unsigned long long readBigEndian(const unsigned char* buffer)
+{
+    static_assert(Size == 1 || Size == 2 || Size == 4 || Size == 8);
+    if constexpr (Size == 1) {
+        return buffer[0];
+    } else {
+        return readBigEndian<Size / 2>(buffer) << (4 * Size) | readBigEndian<Size / 2>(buffer + Size / 2);
+    }
+}
+
+template <std::size_t Size>
+inline void writeBigEndian(unsigned char* buffer, unsigned long long value)
+{
+    static_assert(Size == 1 || Size == 2 || Size == 4 || Size == 8);
+    if constexpr (Size == 1) {
+        buffer[0] = static_cast<unsigned char>(value);
+    } else {
+        writeBigEndian<Size / 2>(buffer, value >> (4 * Size));
+        writeBigEndian<Size / 2>(buffer + Size / 2, value);
+    }
+}
+
 }  // namespace nrvk
 
 #endif

@@ -59,7 +59,7 @@ public:
             return nullptr;
         }
         const auto found = m_Instances->find(instance);
-        return found != m_Instances->end() ? found->second : nullptr;
+        return __builtin_expect(found != m_Instances->end(), 1) ? found->second : nullptr;
     }
     void* getFirstManagedEntityInstance() const;
     /// The first instance strictly above the id, which need not exist.
