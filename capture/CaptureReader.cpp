@@ -62,7 +62,7 @@ Direction directionOf(const CapturedFrame& frame, const std::uint8_t* packet)
 CaptureReader::CaptureReader(std::FILE* stream, const std::string& name) : m_Name(name)
 {
     std::array<char, PCAP_ERRBUF_SIZE> problem{};
-    m_Capture.reset(pcap_fopen_offline(stream, problem.data()));
+    m_Capture.reset(pcap().openStream(stream, problem.data()));
     if (!m_Capture) {
         // What pcap_fopen_offline refuses it leaves open; standard input, which nobody opened, it never closes.
         if (stream != stdin) {
@@ -75,9 +75,9 @@ CaptureReader::CaptureReader(std::FILE* stream, const std::string& name) : m_Nam
 
 void CaptureReader::checkLink() const
 {
-    const int link = pcap_datalink(m_Capture.get());
+    const int link = pcap().datalink(m_Capture.get());
     if (link != DLT_EN10MB) {
-        const char* const name = pcap_datalink_val_to_name(link);
+        const char* const name = pcap().datalinkName(link);
         throw std::runtime_error(m_Name + ": the link type is " +
                                  (name != nullptr ? std::string(name) : std::to_string(link)) +
                                  "; OMCI is read from Ethernet packets (EN10MB) of type 0x88B5");
@@ -89,12 +89,12 @@ std::optional<CapturedFrame> CaptureReader::next()
     for (;;) {
         pcap_pkthdr* header = nullptr;
         const u_char* packet = nullptr;
-        const int got = pcap_next_ex(m_Capture.get(), &header, &packet);
+        const int got = pcap().next(m_Capture.get(), &header, &packet);
         if (got == PCAP_ERROR_BREAK) {
             return std::nullopt;
         }
         if (got != 1) {
-            const std::string problem = pcap_geterr(m_Capture.get());
+            const std::string problem = pcap().error(m_Capture.get());
             if (problem.find("truncated") != std::string::npos) {
                 m_EndsEarly = true;
                 return std::nullopt;

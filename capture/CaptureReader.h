@@ -1,8 +1,6 @@
 #ifndef CAPTURE_CAPTURE_READER_H
 #define CAPTURE_CAPTURE_READER_H
 
-#include <pcap/pcap.h>
-
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
@@ -11,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "Pcap.h"
 #include "host/Mic.h"
 
 namespace omci {
@@ -41,15 +40,10 @@ public:
     bool endsEarly() const { return m_EndsEarly; }
 
 private:
-    struct Close
-    {
-        void operator()(pcap_t* capture) const { pcap_close(capture); }
-    };
-
     void checkLink() const;
 
     std::string m_Name;
-    std::unique_ptr<pcap_t, Close> m_Capture;
+    std::unique_ptr<pcap_t, PcapClose> m_Capture;
     std::size_t m_Skipped = 0;
     bool m_EndsEarly = false;
 };

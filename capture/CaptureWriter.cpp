@@ -14,12 +14,12 @@ constexpr int kSnapshotLength = 65535;
 
 void CaptureWriter::open(const std::string& path)
 {
-    m_Capture.reset(pcap_open_dead(DLT_EN10MB, kSnapshotLength));
-    m_Dumper.reset(pcap_dump_open(m_Capture.get(), path.c_str()));
+    m_Capture.reset(pcap().openDead(DLT_EN10MB, kSnapshotLength));
+    m_Dumper.reset(pcap().dumpOpen(m_Capture.get(), path.c_str()));
     if (!m_Dumper) {
-        throw std::runtime_error("cannot write the capture: " + std::string(pcap_geterr(m_Capture.get())));
+        throw std::runtime_error("cannot write the capture: " + std::string(pcap().error(m_Capture.get())));
     }
-    pcap_dump_flush(m_Dumper.get());
+    pcap().dumpFlush(m_Dumper.get());
 }
 
 void CaptureWriter::add(Direction direction, const std::uint8_t* frame, std::size_t length)
@@ -39,8 +39,8 @@ void CaptureWriter::add(Direction direction, const std::uint8_t* frame, std::siz
     gettimeofday(&header.ts, nullptr);
     header.caplen = static_cast<bpf_u_int32>(m_Packet.size());
     header.len = header.caplen;
-    pcap_dump(reinterpret_cast<u_char*>(m_Dumper.get()), &header, m_Packet.data());
-    pcap_dump_flush(m_Dumper.get());
+    pcap().dump(reinterpret_cast<u_char*>(m_Dumper.get()), &header, m_Packet.data());
+    pcap().dumpFlush(m_Dumper.get());
 }
 
 }  // namespace omci

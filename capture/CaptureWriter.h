@@ -1,14 +1,13 @@
 #ifndef CAPTURE_CAPTURE_WRITER_H
 #define CAPTURE_CAPTURE_WRITER_H
 
-#include <pcap/pcap.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "Pcap.h"
 #include "host/Mic.h"
 
 namespace omci {
@@ -26,14 +25,8 @@ public:
     void add(Direction direction, const std::uint8_t* frame, std::size_t length);
 
 private:
-    struct Close
-    {
-        void operator()(pcap_t* capture) const { pcap_close(capture); }
-        void operator()(pcap_dumper_t* dumper) const { pcap_dump_close(dumper); }
-    };
-
-    std::unique_ptr<pcap_t, Close> m_Capture;
-    std::unique_ptr<pcap_dumper_t, Close> m_Dumper;
+    std::unique_ptr<pcap_t, PcapClose> m_Capture;
+    std::unique_ptr<pcap_dumper_t, PcapClose> m_Dumper;
     std::vector<std::uint8_t> m_Packet;
 };
 

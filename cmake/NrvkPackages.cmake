@@ -38,7 +38,8 @@ set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "managed-entity library of an ONU: d
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME nrvk-omci-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION net)
-set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "libnrvk-omci-me0 (= ${PROJECT_VERSION})")
+# libpcap is loaded with the first capture, so that no program shows that it needs it.
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "libnrvk-omci-me0 (= ${PROJECT_VERSION}), libpcap0.8")
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION "simulated ONU and command-line OLT for OMCI
  onu-sim answers OMCI over UDP as an optical network unit does; omci-olt is
  the line terminal's side of it.")

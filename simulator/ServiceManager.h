@@ -1,8 +1,8 @@
 #ifndef SIMULATOR_SERVICE_MANAGER_H
 #define SIMULATOR_SERVICE_MANAGER_H
 
-/// What the service manager is told when it started the program (NOTIFY_SOCKET); nothing happens otherwise, or in a
-/// build without libsystemd.
+/// What the service manager is told when it started the program (NOTIFY_SOCKET, sd_notify(3)); nothing happens
+/// otherwise.
 namespace service_manager {
 
 /// The ONU answers from now on.
