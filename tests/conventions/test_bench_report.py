@@ -95,6 +95,12 @@ class Page(unittest.TestCase):
         self.assertEqual(performance_page.target_of("B", 999.0, None, targets), ("under 1.00 us", "yes"))
         self.assertEqual(performance_page.target_of("C", 1.0, None, targets), ("-", "-"))
 
+    def test_aFigureWithoutATargetIsOnlyShown(self):
+        figures = {"library_bytes": 900 * 1024, "idle_kib": 11 * 1024, "idle_share_kib": 4 * 1024}
+        rows = list(performance_page.figure_rows(figures, {"library_bytes": 1 << 20, "idle_kib": 10 * 1024}))
+        self.assertEqual([(row[1], row[-1]) for row in rows],
+                         [("900.0 KiB", "yes"), ("11.0 MiB", "no"), ("4.0 MiB", "-")])
+
 
 class Instructions(unittest.TestCase):
     """The gate that counts instructions."""
