@@ -6,6 +6,7 @@
 #include "OmciFrame.h"
 #include "OmciMe.h"
 #include "host/FrameCodec.h"
+#include "tests/support/Frames.h"
 
 namespace bench {
 
@@ -18,17 +19,7 @@ constexpr unsigned int kWindow = 32;
 inline OmciFrame imageRequest(omci::MessageType type, const std::vector<unsigned char>& contents, omci::Format format,
                               bool acknowledge, unsigned short instance = kInstance)
 {
-    omci::FrameView view;
-    view.header.type = type;
-    view.header.acknowledgeRequest = acknowledge;
-    view.header.format = format;
-    view.header.entityClass = kSoftwareImage;
-    view.header.entityInstance = instance;
-    view.contents = contents.data();
-    view.contentsLength = contents.size();
-    OmciFrame frame;
-    frame.setRequest(view);
-    return frame;
+    return requestFrame(type, kSoftwareImage, instance, contents, format, acknowledge);
 }
 
 inline std::size_t sectionBytes(omci::Format format)
