@@ -161,8 +161,13 @@ void CommandExecutor::create(OmciMe& me, OmciFrame& frame) const
         reply(frame, Result::ParameterError);
         return;
     }
+    NewInstance created(me, instance);
+    if (existed) {
+        created.keep();
+    }
     // On an instance that exists this changes nothing, and it is the only way to learn whether the OLT may create.
     if (me.createManagedEntityInstance(instance, true) != 0) {
+        created.keep();
         reply(frame, Result::NotSupported);
         return;
     }
@@ -170,7 +175,6 @@ void CommandExecutor::create(OmciMe& me, OmciFrame& frame) const
         reply(frame, Result::InstanceExists);
         return;
     }
-    NewInstance created(me, instance);
     const std::uint16_t refused = writeCreateValues(me, *lists, frame);
     if (refused != 0) {
         reply(frame, Result::ParameterError, 0, refused);

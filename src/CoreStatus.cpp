@@ -9,6 +9,7 @@
 #include "OmciMe.h"
 #include "OmciMeFactory.h"
 #include "impl/Log.h"
+#include "impl/RegistrarLock.h"
 #include "implExtended/EthernetConfigInd.h"
 
 namespace {
@@ -206,7 +207,7 @@ void OmciManagedEntitiesCore::swapSubtendedHostInstanceId(bool connected)
 {
     NRVK_LOG(6, "Connected(%hhu)", connected);
     OmciManagedEntityRegistrar* registrar = OmciManagedEntityRegistrar::getInstance();
-    const std::lock_guard<std::mutex> lock(registrar->getMutex());
+    const nrvk::RegistrarLock lock(*registrar);
     m_IsNrvkOltConnected = connected;
     // Expanded afresh, so that the table and the board's addresses are those of this moment.
     OmciManagedEntitiesCore current(WithoutRecords{});

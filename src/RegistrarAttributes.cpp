@@ -106,10 +106,14 @@ int OmciManagedEntityRegistrar::writeAttribute(unsigned short classId, unsigned 
 
 void OmciManagedEntityRegistrar::writeStoredAttributes(const StartupConfigManagedEntity& managedEntity)
 {
-    for (const auto& [key, value] : managedEntity.attributeValues) {
+    const auto& values = managedEntity.attributeValues;
+    // By key: the hardware layer may come back from inside a call, and rename an instance of the record.
+    for (auto entry = values.begin(); entry != values.end();) {
+        const unsigned int key = entry->first;
         const auto instance = static_cast<unsigned short>(key >> 16);
         const auto attributeMask = static_cast<unsigned short>(key);
-        const int result = setManagedEntityAttribute(managedEntity.classId, instance, attributeMask, value);
+        const int result = setManagedEntityAttribute(managedEntity.classId, instance, attributeMask, entry->second);
+        entry = values.upper_bound(key);
         if (result != 0) {
             NRVK_LOG(3, "setManagedEntityAttribute(%hu; %u; %u) failed(%d)", managedEntity.classId, instance,
                      attributeMask, result);

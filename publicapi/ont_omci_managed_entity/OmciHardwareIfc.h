@@ -46,7 +46,16 @@ class OmciMeVoipVoiceCTPIf;
 /// - deletePmInstance and the notify calls tell something; what comes of it may take its time.
 ///
 /// Calls come on the thread that called the library, normally the OMCI thread, with no lock of the library's held
-/// except inside a MIB reset of the ONU's own and the swap of the IP host instances.
+/// except inside a MIB reset of the ONU's own and the swap of the IP host instances. A call that does not return holds
+/// up that thread, and with it every request; timers go on, and so does what other threads report.
+///
+/// From inside a call the update entries of OmciManagedEntitiesCore, those of the registrar and the host's alarms may
+/// be used, on the same and on other entities; so may the reset and the swap, which know their own thread. Not so the
+/// registrar's mutex, which that thread may hold already, and the deletion of the entity that the call is about.
+///
+/// A call may throw. The request then ends with a processing error; what it had changed by then stays changed. Three
+/// are taken more lightly: notifyMibUploadState, a refresh during a MIB upload, which costs that value, and what the
+/// thread that writes an image calls, which changes nothing for the image.
 class OmciHardwareIfc
 {
 public:

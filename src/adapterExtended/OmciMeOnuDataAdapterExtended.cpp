@@ -1,6 +1,7 @@
 #include "adapterExtended/OmciMeOnuDataAdapterExtended.h"
 
 #include <array>
+#include <exception>
 
 #include "OmciFrame.h"
 #include "OmciHardwareIfc.h"
@@ -9,6 +10,7 @@
 #include "OmciMeOnuDataIf.h"
 #include "impl/Hardware.h"
 #include "impl/Log.h"
+#include "impl/RegistrarLock.h"
 
 std::atomic<unsigned char> OmciMeOnuDataAdapterExtended::m_GetAllAlarmsInProgress{0};
 std::atomic<unsigned char> OmciMeOnuDataAdapterExtended::m_MibUploadInProgress{0};
@@ -22,10 +24,17 @@ constexpr unsigned char kUnknownInstance = 5;
 constexpr unsigned char kNetworkStateAttemptOltSync = 3;
 constexpr unsigned char kNetworkStateOltSync = 4;
 
+/// The answers of an upload carry no result: an exception would make them tell of an empty MIB.
 void notifyNetworkState(unsigned char state)
 {
-    if (OmciHardwareIfc* hardware = nrvk::hardwareOrLog()) {
-        hardware->notifyMibUploadState(state);
+    try {
+        if (OmciHardwareIfc* hardware = nrvk::hardwareOrLog()) {
+            hardware->notifyMibUploadState(state);
+        }
+    } catch (const std::exception& exception) {
+        NRVK_LOG_IF_POSSIBLE(3, "notifyMibUploadState(%hhu) failed(%s)", state, exception.what());
+    } catch (...) {
+        NRVK_LOG_IF_POSSIBLE(3, "notifyMibUploadState(%hhu) failed(%s)", state, "unknown exception");
     }
 }
 
@@ -242,7 +251,7 @@ int OmciMeOnuDataAdapterExtended::mibReset(OmciFrame* frame) const
 
 int OmciMeOnuDataAdapterExtended::mibReset() const
 {
-    const std::lock_guard<std::mutex> lock(OmciManagedEntityRegistrar::getInstance()->getMutex());
+    const nrvk::RegistrarLock lock(*OmciManagedEntityRegistrar::getInstance());
     resetMib();
     return 0;
 }

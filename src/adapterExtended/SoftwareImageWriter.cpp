@@ -66,12 +66,7 @@ void OmciMeSoftwareImageAdapterExtended::writeImage(void* parameters)
 void OmciMeSoftwareImageAdapterExtended::endWriteAfter(const char* what) noexcept
 {
     endWrite(STATUS_WRITE_FAILED);
-    try {
-        NRVK_LOG(3, "Writing the image failed(%s)", what);
-    } catch (...) {
-        // Without memory for the line there is none.
-        return;
-    }
+    NRVK_LOG_IF_POSSIBLE(3, "Writing the image failed(%s)", what);
 }
 
 bool OmciMeSoftwareImageAdapterExtended::saveImage()

@@ -48,6 +48,10 @@ bool InstanceStore::deleteManagedEntityInstance(unsigned short instance, bool cr
     if (m_Operations.eraseConfigurationFromHardware != nullptr) {
         m_Operations.eraseConfigurationFromHardware(object);
     }
+    if (lookUp(instance) != object) {
+        // The hardware layer came back from inside the call and has seen to it.
+        return true;
+    }
     // Out of the map first: a destructor or a companion that looks around must not find the object.
     m_Instances->erase(instance);
     m_Operations.destroy(object);
@@ -119,7 +123,9 @@ void InstanceStore::eraseAllManagedEntityInstance()
             if (m_Operations.eraseConfigurationFromHardware != nullptr) {
                 m_Operations.eraseConfigurationFromHardware(object);
             }
-            m_Operations.init(object);
+            if (lookUp(instance) == object) {
+                m_Operations.init(object);
+            }
         }
         entry = entryFrom(instance + 1U);
     }

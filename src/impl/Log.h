@@ -118,4 +118,14 @@ inline void logLine(const LogSite& site, const char* format, Arguments... argume
         }                                                                                                              \
     } while (false)
 
+/// The same where no exception may get out: without memory for the line there is none.
+#define NRVK_LOG_IF_POSSIBLE(level, ...)                                                                               \
+    do {                                                                                                               \
+        try {                                                                                                          \
+            NRVK_LOG(level, __VA_ARGS__);                                                                              \
+        } catch (...) {                                                                                                \
+            break;                                                                                                     \
+        }                                                                                                              \
+    } while (false)
+
 #endif

@@ -28,8 +28,15 @@ OmciMeDot1agMEPImplExtended::OmciMeDot1agMEPImplExtended(unsigned short instance
 
 OmciMeDot1agMEPImplExtended::~OmciMeDot1agMEPImplExtended()
 {
-    if (!OmciMeDot1agMEPstatusIf::deleteManagedEntityInstance(m_ManagedEntityInstance, true)) {
-        NRVK_LOG(3, "Failed to delete MepStatus instance(%hu)", m_ManagedEntityInstance);
+    bool isDeleted = false;
+    try {
+        isDeleted = OmciMeDot1agMEPstatusIf::deleteManagedEntityInstance(m_ManagedEntityInstance, true);
+    } catch (...) {
+        // Nothing may leave a destructor.
+        isDeleted = false;
+    }
+    if (!isDeleted) {
+        NRVK_LOG_IF_POSSIBLE(3, "Failed to delete MepStatus instance(%hu)", m_ManagedEntityInstance);
     }
 }
 

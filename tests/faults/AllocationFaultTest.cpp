@@ -3,6 +3,7 @@
 
 #include "FailingNew.h"
 #include "Logger.h"
+#include "ServiceSession.h"
 #include "host/LogSink.h"
 #include "model/Subject.h"
 
@@ -14,60 +15,6 @@ const ClassList& classes()
 {
     static const ClassList list = readClassList(CLASS_LIST_DIRECTORY);
     return list;
-}
-
-Request ask(std::uint8_t type, std::uint16_t classId, std::uint16_t instance, Bytes contents = {})
-{
-    return {type, false, true, classId, instance, std::move(contents)};
-}
-
-/// A service as an OLT sets it up and takes it down, with each kind of message that changes the MIB or reads it.
-std::vector<Request> serviceSession()
-{
-    constexpr std::uint8_t getAllAlarms = 11;
-    const Bytes tagFilter(26, 1);
-    // Untagged frames get VID 100.
-    const Bytes setRow = {0x04, 0x00, 0xF8, 0, 0, 0, 0xF8, 0, 0, 0, 0, 0x0F, 0, 0, 0, 0x03, 0x20, 0};
-    return {ask(MIB_RESET, 2, 0),
-            ask(MIB_UPLOAD, 2, 0),
-            ask(MIB_UPLOAD_NEXT, 2, 0, {0, 1}),
-            ask(SET, 262, 256, {0x80, 0, 4, 0}),
-            ask(CREATE, 268, 1, {3, 0xE9, 1, 0, 3, 0, 0, 0, 0, 0, 0, 0, 0, 0}),
-            ask(CREATE, 272, 1, {0, 0x30}),
-            ask(CREATE, 130, 1, Bytes(22, 0xFF)),
-            ask(CREATE, 266, 1, {0, 1, 5, 0, 1, 0, 0, 0, 0, 1}),
-            ask(SET, 130, 1, {0x40, 0, 0, 1}),
-            ask(CREATE, 45, 1, Bytes(32)),
-            ask(CREATE, 47, 2, {0, 1, 2, 1, 1, 1}),
-            ask(CREATE, 84, 2, tagFilter),
-            ask(CREATE, 171, 1, {2, 1, 1}),
-            ask(SET, 171, 1, setRow),
-            ask(CREATE, 302, 1, Bytes(24)),
-            ask(CREATE, 334, 1, Bytes(16)),
-            ask(CREATE, 341, 1, {0, 0}),
-            ask(GET, 334, 1, {0xC0, 0}),
-            ask(GET, 341, 1, {0xFF, 0}),
-            ask(GET_CURRENT_DATA, 24, 1, {0xFF, 0}),
-            ask(SET, 256, 0, {0x02, 0, 1}),
-            ask(SET, 11, 257, {0x08, 0, 1}),
-            ask(GET, 7, 0, {0xF0, 0}),
-            ask(GET_NEXT, 158, 0, {0x20, 0, 0, 0}),
-            ask(getAllAlarms, 2, 0),
-            ask(DELETE, 171, 1),
-            ask(DELETE, 84, 2),
-            ask(DELETE, 47, 2),
-            ask(DELETE, 45, 1),
-            ask(DELETE, 334, 1),
-            ask(DELETE, 302, 1),
-            ask(MIB_RESET, 2, 0)};
-}
-
-bool isAnswer(const Request& request, const Bytes& answer, std::uint16_t transactionId)
-{
-    constexpr std::size_t head = 8;
-    constexpr std::size_t contents = 32;
-    return answer.size() == head + contents + 8 &&
-           answer == answerOf(request, transactionId, Bytes(answer.begin() + head, answer.begin() + head + contents));
 }
 
 /// What a session left behind.
@@ -93,7 +40,7 @@ Outcome play(Subject& onu, std::size_t failing)
         outcome.failed = outcome.failed || failingNew::hasFailed();
         failingNew::disarm();
         const Bytes answer(reply.data, reply.data + reply.length);
-        if (outcome.complaint.empty() && !isAnswer(request, answer, onu.lastTransactionId())) {
+        if (outcome.complaint.empty() && !isAnswerTo(request, onu.lastTransactionId(), answer)) {
             outcome.complaint = textOf(request) + ": " + hexOf(answer);
         }
     }

@@ -11,8 +11,10 @@
 #include <set>
 #include <thread>
 
+#include "HookedHardware.h"
 #include "Logger.h"
 #include "NorvikTimer.h"
+#include "ServiceSession.h"
 #include "SoftwareDownloadAccess.h"
 #include "Upgrade.h"
 #include "host/LogSink.h"
@@ -70,15 +72,20 @@ public:
         : m_Onu(HardwareLayer::Silent),
           m_Upgrade([this](const Request& request) { return ask(request); }, [this] { restart(); }, m_Board, isExtended)
     {
-        ON_CALL(m_Onu.hardwareLayer(), endSoftwareImageDownload).WillByDefault(::testing::Return(true));
+        ::testing::DefaultValue<bool>::Set(true);
         nrvk::forgetSoftwareDownload();
         m_Board.connect();
         Sandbox::setFreeSpace(1U << 30);
         timePasses();
     }
 
+    ~UpgradedOnu() { ::testing::DefaultValue<bool>::Clear(); }
+    UpgradedOnu(const UpgradedOnu&) = delete;
+    UpgradedOnu& operator=(const UpgradedOnu&) = delete;
+
     Upgrade& olt() { return m_Upgrade; }
     const SlotBoard& board() const { return m_Board; }
+    void connectBoard() { m_Board.connect(); }
     /// The next read of an image's attributes goes to the file.
     static void timePasses() { OmciMeSoftwareImageImplExtended::softwareVersionTimerHandler({}); }
 
@@ -113,10 +120,9 @@ private:
         if (!request.wantsAnswer || reply.length < head) {
             return {};
         }
-        const std::size_t length = request.isExtended ? reply.data[8] * 256U + reply.data[9] : 32U;
         const Bytes answer(reply.data, reply.data + reply.length);
-        const Bytes contents(reply.data + head, reply.data + head + length);
-        return answer == answerOf(request, m_Onu.lastTransactionId(), contents) ? contents : Bytes();
+        const bool isAnswer = isAnswerTo(request, m_Onu.lastTransactionId(), answer);
+        return isAnswer ? Bytes(answer.begin() + static_cast<std::ptrdiff_t>(head), answer.end()) : Bytes();
     }
     void restart()
     {
@@ -265,6 +271,46 @@ TEST_P(DownloadFault, StatusOfAnEarlierImageIsNotTakenForThatOfOneThatCouldNotBe
                   return command.find("verify_and_exec") != std::string::npos;
               }));
     expectRecovery(onu);
+}
+
+TEST_P(DownloadFault, EachCallOnTheHardwareThrowsOnceAndTheNextUpgradeGoesThrough)
+{
+    std::size_t failing = 0;
+    for (bool hasThrown = true; hasThrown; ++failing) {
+        SCOPED_TRACE("call " + std::to_string(failing));
+        UpgradedOnu onu(isExtended());
+        {
+            ThrowingHardware hardware(failing, ThrowingHardware::What::Exception);
+            onu.olt().play(image());
+            hasThrown = hardware.hasThrown();
+        }
+        ::testing::DefaultValue<bool>::Set(true);
+        expectRecovery(onu);
+    }
+    // Transfer begun, check, transfer ended, committed.
+    EXPECT_LT(4U, failing);
+}
+
+TEST_P(DownloadFault, EachCallOnTheHardwareAboutAnImageThatIsRefusedThrowsOnceAndTheNextUpgradeGoesThrough)
+{
+    std::size_t failing = 0;
+    for (bool hasThrown = true; hasThrown; ++failing) {
+        SCOPED_TRACE("call " + std::to_string(failing));
+        UpgradedOnu onu(isExtended());
+        Sandbox::setRoom(0);
+        Sandbox::setCommandHandler({});
+        {
+            ThrowingHardware hardware(failing, ThrowingHardware::What::SomethingElse);
+            EXPECT_FALSE(onu.olt().play(image()));
+            Sandbox::setRoom(std::nullopt);
+            EXPECT_FALSE(onu.olt().play(image()));
+            hasThrown = hardware.hasThrown();
+        }
+        ::testing::DefaultValue<bool>::Set(true);
+        onu.connectBoard();
+        expectRecovery(onu);
+    }
+    EXPECT_LT(4U, failing);
 }
 
 namespace {

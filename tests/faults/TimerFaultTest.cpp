@@ -1,8 +1,12 @@
 // The timers' thread cannot be made.
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <filesystem>
 #include <system_error>
 #include <thread>
 
@@ -10,12 +14,13 @@
 
 #include "NorvikTimer.h"
 #include "sandbox/Sandbox.h"
+#include "sandbox/SandboxState.h"
 
 namespace {
 
 std::atomic<bool> hasFired{false};
 
-/// In a process of its own, where no timer has run yet.
+/// In a process of its own. The exit code tells what went wrong.
 [[noreturn]] void startTwice()
 {
     NorvikTimer timer([](sigval) { hasFired = true; }, nullptr);
@@ -35,10 +40,28 @@ std::atomic<bool> hasFired{false};
     std::_Exit(hasFired ? 0 : 3);
 }
 
+std::ptrdiff_t threadCount()
+{
+    const sandbox::OwnWork own;
+    const std::filesystem::directory_iterator threads("/proc/self/task");
+    return std::distance(begin(threads), end(threads));
+}
+
 }  // namespace
 
+// Suites of this name come first, when no timer has run yet.
 TEST(TimerFaultDeathTest, ThreadThatCannotBeMadeIsTriedAgainAtTheNextStart)
 {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_EXIT(startTwice(), ::testing::ExitedWithCode(0), "");
+    if (threadCount() != 1) {
+        GTEST_SKIP() << "the timers' thread runs already";
+    }
+    const pid_t child = fork();
+    ASSERT_LE(0, child);
+    if (child == 0) {
+        startTwice();
+    }
+    int status = 0;
+    ASSERT_EQ(child, waitpid(child, &status, 0));
+    EXPECT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(0, WEXITSTATUS(status));
 }
