@@ -28,7 +28,7 @@ OmciManagedEntityRegistrar::OmciManagedEntityRegistrar()
 
 OmciManagedEntityRegistrar::~OmciManagedEntityRegistrar()
 {
-    NRVK_LOG(6, "this(%p)", this);
+    NRVK_LOG_IF_POSSIBLE(6, "this(%p)", this);
     m_ConfigManagedEntityVector.clear();
     m_Instance = nullptr;
 }
@@ -61,9 +61,15 @@ void OmciManagedEntityRegistrar::getConfigManagedEntityVector(std::vector<Startu
 int OmciManagedEntityRegistrar::registerManagedEntity(unsigned short classId)
 {
     NRVK_LOG(6, "Managed entity class(%hu)", classId);
-    if (nrvk::makeAdapter(classId) == nullptr) {
-        NRVK_LOG(3, "Managed entity class(%hu) not supported", classId);
-        return -1;
+    try {
+        if (nrvk::makeAdapter(classId) == nullptr) {
+            NRVK_LOG(3, "Managed entity class(%hu) not supported", classId);
+            return -1;
+        }
+    } catch (...) {
+        // An adapter registers itself before it is finished.
+        OmciMeFactory::getInstance()->unregisterManagedEntity(classId);
+        throw;
     }
     return 0;
 }

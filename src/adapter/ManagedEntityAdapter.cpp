@@ -34,7 +34,7 @@ ManagedEntityAdapter::ManagedEntityAdapter(const AdapterDescription& description
 
 ManagedEntityAdapter::~ManagedEntityAdapter()
 {
-    NRVK_LOG(6, "this(%p)", this);
+    NRVK_LOG_IF_POSSIBLE(6, "this(%p)", this);
 }
 
 int ManagedEntityAdapter::createManagedEntityInstance(unsigned short instance, bool createdByOlt) const
