@@ -23,14 +23,16 @@ endif()
 file(RELATIVE_PATH NRVK_SOURCE_FROM_BUILD "${CMAKE_BINARY_DIR}" "${CMAKE_SOURCE_DIR}")
 string(REGEX REPLACE "/$" "" NRVK_SOURCE_FROM_BUILD "${NRVK_SOURCE_FROM_BUILD}")
 
-# What every target of the project is compiled with. The file names in log lines are those of the source tree.
+# What every target of the project is compiled with. The file names in log lines are those of the source tree; what counts
+# coverage finds the sources by their true names.
+set(NRVK_PREFIX_MAP "$<IF:$<CONFIG:Coverage>,-fmacro-prefix-map,-ffile-prefix-map>")
 add_library(nrvk_build INTERFACE)
 target_compile_options(nrvk_build INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Werror
   # Values in tests are literals: what narrows there is meant.
   $<$<NOT:$<BOOL:$<TARGET_PROPERTY:NRVK_TEST>>>:-Wconversion>
   # The last that fits is taken; ccache may have made the paths relative to the build directory.
-  "-ffile-prefix-map=${NRVK_SOURCE_FROM_BUILD}/="
-  "-ffile-prefix-map=${CMAKE_SOURCE_DIR}/="
-  "-ffile-prefix-map=generated/="
-  "-ffile-prefix-map=${CMAKE_BINARY_DIR}/generated/=")
+  "${NRVK_PREFIX_MAP}=${NRVK_SOURCE_FROM_BUILD}/="
+  "${NRVK_PREFIX_MAP}=${CMAKE_SOURCE_DIR}/="
+  "${NRVK_PREFIX_MAP}=generated/="
+  "${NRVK_PREFIX_MAP}=${CMAKE_BINARY_DIR}/generated/=")
