@@ -166,6 +166,25 @@ TEST_F(LoggerTest, ObserverGetsEveryLineOfEveryLevel)
     EXPECT_EQ(2U, seen.lines.size());
 }
 
+TEST_F(LoggerTest, SinkGetsTheSeverityOfTheLevel)
+{
+    logger.setLevel(7);
+    const char* const severities[] = {"critical", "critical", "critical", "error", "warning", "info", "info", "debug"};
+    for (unsigned char level = 0; level < 8; ++level) {
+        text.str("");
+        logger.writeToLog(0, "f", "x", 1, level, "Line");
+        EXPECT_NE(std::string::npos, text.str().find(severities[level])) << text.str();
+    }
+}
+
+TEST_F(LoggerTest, IdsMayBeNegative)
+{
+    Logger* const negative = Logger::getInstance(-1);
+    ASSERT_NE(nullptr, negative);
+    EXPECT_EQ(negative, Logger::getInstance(-1));
+    EXPECT_NE(negative, Logger::getInstance(-2));
+}
+
 TEST_F(LoggerTest, LongLinesAreWhole)
 {
     Seen seen;

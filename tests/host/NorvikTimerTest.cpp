@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <limits>
 #include <thread>
 
 namespace {
@@ -140,6 +141,7 @@ TEST(NorvikTimer, TimeScaleMakesTimersFaster)
     NorvikTimer::setTimeScale(1000);
     NorvikTimer::setTimeScale(0);
     NorvikTimer::setTimeScale(-1);
+    NorvikTimer::setTimeScale(std::numeric_limits<double>::infinity());
     const auto start = Clock::now();
     timer.startOneShotTimer(30000);
     NorvikTimer::setTimeScale(1);
