@@ -48,12 +48,13 @@ bool InstanceStore::deleteManagedEntityInstance(unsigned short instance, bool cr
     if (m_Operations.eraseConfigurationFromHardware != nullptr) {
         m_Operations.eraseConfigurationFromHardware(object);
     }
-    if (lookUp(instance) != object) {
+    const auto found = m_Instances->find(instance);
+    if (found == m_Instances->end() || found->second != object) {
         // The hardware layer came back from inside the call and has seen to it.
         return true;
     }
     // Out of the map first: a destructor or a companion that looks around must not find the object.
-    m_Instances->erase(instance);
+    m_Instances->erase(found);
     m_Operations.destroy(object);
     if (m_Operations.deleteCompanions != nullptr) {
         m_Operations.deleteCompanions(instance);
@@ -119,10 +120,10 @@ void InstanceStore::eraseAllManagedEntityInstance()
         void* object = entry->second;
         if (m_Operations.isCreatedByOlt(object)) {
             deleteManagedEntityInstance(instance, true);
+        } else if (m_Operations.eraseConfigurationFromHardware == nullptr) {
+            m_Operations.init(object);
         } else {
-            if (m_Operations.eraseConfigurationFromHardware != nullptr) {
-                m_Operations.eraseConfigurationFromHardware(object);
-            }
+            m_Operations.eraseConfigurationFromHardware(object);
             if (lookUp(instance) == object) {
                 m_Operations.init(object);
             }
