@@ -41,7 +41,9 @@ public:
 
     /// Empty: every command yields 0.
     static void setCommandHandler(CommandHandler handler);
-    /// All commands asked for so far, in order.
+    /// An ONU restarts and downloads for months.
+    static constexpr std::size_t kRememberedCommands = 1024;
+    /// The last commands asked for, in order.
     static std::vector<std::string> commands();
     static void clearCommands();
 

@@ -119,6 +119,9 @@ int State::runCommand(const char* command)
     {
         const std::lock_guard<std::mutex> lock(m_Mutex);
         m_Commands.emplace_back(command);
+        if (m_Commands.size() > Sandbox::kRememberedCommands) {
+            m_Commands.pop_front();
+        }
         handler = m_CommandHandler;
     }
     return handler ? handler(command) : 0;
@@ -133,7 +136,7 @@ void State::setCommandHandler(Sandbox::CommandHandler handler)
 std::vector<std::string> State::commands()
 {
     const std::lock_guard<std::mutex> lock(m_Mutex);
-    return m_Commands;
+    return {m_Commands.begin(), m_Commands.end()};
 }
 
 void State::clearCommands()

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <mutex>
 #include <optional>
 #include <set>
@@ -70,7 +71,7 @@ private:
     int m_PrivateDirectoryOwner = 0;
     std::set<std::string> m_Exempt;
     Sandbox::CommandHandler m_CommandHandler;
-    std::vector<std::string> m_Commands;
+    std::deque<std::string> m_Commands;
     std::optional<std::uint64_t> m_FreeSpace;
 };
 

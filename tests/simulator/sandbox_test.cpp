@@ -93,6 +93,17 @@ TEST_F(SandboxTest, CommandsGoToTheStandInInOrder)
     EXPECT_EQ(seen, Sandbox::commands());
 }
 
+TEST_F(SandboxTest, OnlyTheLastCommandsAreRemembered)
+{
+    for (std::size_t number = 0; number < Sandbox::kRememberedCommands + 2; ++number) {
+        EXPECT_EQ(0, fixtureSystem(std::to_string(number).c_str()));
+    }
+    const std::vector<std::string> commands = Sandbox::commands();
+    ASSERT_EQ(Sandbox::kRememberedCommands, commands.size());
+    EXPECT_EQ("2", commands.front());
+    EXPECT_EQ(std::to_string(Sandbox::kRememberedCommands + 1), commands.back());
+}
+
 TEST_F(SandboxTest, LibraryFilesLieBelowTheDirectory)
 {
     ASSERT_FALSE(fs::exists("/opt/sandbox-test/deep/file"));
