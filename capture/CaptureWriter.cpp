@@ -2,9 +2,12 @@
 
 #include <sys/time.h>
 
+#include <cerrno>
+#include <cstring>
 #include <stdexcept>
 
 #include "CaptureFormat.h"
+#include "WholeRecords.h"
 
 namespace omci {
 
@@ -19,7 +22,9 @@ void CaptureWriter::open(const std::string& path)
     if (!m_Dumper) {
         throw std::runtime_error("cannot write the capture: " + std::string(pcap().error(m_Capture.get())));
     }
-    pcap().dumpFlush(m_Dumper.get());
+    if (!flushWhole(pcap().dumpFile(m_Dumper.get()), 0)) {
+        throw std::runtime_error("cannot write the capture: " + path + ": " + std::strerror(errno));
+    }
 }
 
 void CaptureWriter::add(Direction direction, const std::uint8_t* frame, std::size_t length)
@@ -35,12 +40,18 @@ void CaptureWriter::add(Direction direction, const std::uint8_t* frame, std::siz
     m_Packet.push_back(kOmciEthertype >> 8);
     m_Packet.push_back(kOmciEthertype & 0xFF);
     m_Packet.insert(m_Packet.end(), frame, frame + length);
+    FILE* const file = pcap().dumpFile(m_Dumper.get());
+    const off_t whole = ftello(file);
     pcap_pkthdr header{};
     gettimeofday(&header.ts, nullptr);
     header.caplen = static_cast<bpf_u_int32>(m_Packet.size());
     header.len = header.caplen;
     pcap().dump(reinterpret_cast<u_char*>(m_Dumper.get()), &header, m_Packet.data());
-    pcap().dumpFlush(m_Dumper.get());
+    if (!flushWhole(file, whole)) {
+        const std::string reason = std::strerror(errno);
+        m_Dumper.reset();
+        throw std::runtime_error("cannot write the capture: " + reason + "; it ends here");
+    }
 }
 
 }  // namespace omci

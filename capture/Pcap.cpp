@@ -40,7 +40,7 @@ Pcap load()
     find(loaded.datalinkName, library, "pcap_datalink_val_to_name");
     find(loaded.dump, library, "pcap_dump");
     find(loaded.dumpClose, library, "pcap_dump_close");
-    find(loaded.dumpFlush, library, "pcap_dump_flush");
+    find(loaded.dumpFile, library, "pcap_dump_file");
     find(loaded.dumpOpen, library, "pcap_dump_open");
     find(loaded.openStream, library, "pcap_fopen_offline");
     find(loaded.error, library, "pcap_geterr");

@@ -14,7 +14,7 @@ struct Pcap
     decltype(&pcap_datalink_val_to_name) datalinkName;
     decltype(&pcap_dump) dump;
     decltype(&pcap_dump_close) dumpClose;
-    decltype(&pcap_dump_flush) dumpFlush;
+    decltype(&pcap_dump_file) dumpFile;
     decltype(&pcap_dump_open) dumpOpen;
     decltype(&pcap_fopen_offline) openStream;
     decltype(&pcap_geterr) error;

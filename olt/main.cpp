@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <iostream>
 
 #include "app/CommandParser.h"
 #include "session/Interrupt.h"
@@ -64,11 +65,21 @@ void checkGlobalOptions(const GlobalOptions& options)
         static_cast<void>(Peer::parse(options.connect));
 }
 
+void printError(Output& output, const char* what, ExitCode code)
+{
+    try {
+        output.object({{"error", what}, {"exit_code", static_cast<int>(code)}});
+    } catch (const UsageError& error) {
+        // Standard output is what the error is about, or as bad; standard error has it.
+        output.note(std::string("omci-olt: ") + error.what());
+    }
+}
+
 int complain(const GlobalOptions& options, Output& output, const char* what, ExitCode code)
 {
     output.note(std::string("omci-olt: ") + what);
     if (options.json)
-        output.object({{"error", what}, {"exit_code", static_cast<int>(code)}});
+        printError(output, what, code);
     return static_cast<int>(code);
 }
 
@@ -103,7 +114,12 @@ int main(int argc, char** argv)
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& request) {
-        return app.exit(request);
+        const int code = app.exit(request);
+        if (!std::cout.flush()) {
+            std::fputs("omci-olt: standard output can't be written\n", stderr);
+            return static_cast<int>(ExitCode::Usage);
+        }
+        return code;
     } catch (const CLI::ParseError& error) {
         Output output(terminal, options.json);
         return complain(options, output, (parser.explain(error) + " (--help tells more)").c_str(), ExitCode::Usage);

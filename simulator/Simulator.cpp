@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <stdexcept>
 #include <system_error>
 #include <vector>
 
@@ -19,6 +20,16 @@
 namespace {
 /// What a board has to spare. The machine's own, which the library takes on 32 bits, may look like next to nothing.
 constexpr std::uint64_t kFreeSpace = std::uint64_t{1} << 30;
+
+/// The ONU goes on without its capture.
+void capture(omci::CaptureWriter& writer, omci::Direction direction, const std::uint8_t* frame, std::size_t length)
+{
+    try {
+        writer.add(direction, frame, length);
+    } catch (const std::runtime_error& problem) {
+        std::fprintf(stderr, "onu-sim: %s, the ONU goes on\n", problem.what());
+    }
+}
 
 PerformanceMonitoring::Duration pmInterval(const Options& options)
 {
@@ -124,11 +135,11 @@ void Simulator::run()
 
 void Simulator::handleFrame(const std::uint8_t* bytes, std::size_t length, std::uint64_t peer)
 {
-    m_Capture.add(omci::Direction::Downstream, bytes, length);
+    capture(m_Capture, omci::Direction::Downstream, bytes, length);
     const omci::Dispatcher::Reply reply = m_Onu->dispatcher().handle(bytes, length, peer);
     flushLogs();
     if (reply.length != 0) {
-        m_Capture.add(omci::Direction::Upstream, reply.data, reply.length);
+        capture(m_Capture, omci::Direction::Upstream, reply.data, reply.length);
         m_Channel->send(reply.data, reply.length);
     }
 }
@@ -137,7 +148,7 @@ void Simulator::sendUnasked(const std::uint8_t* frame, std::size_t length)
 {
     // Later: a reply that is being made goes first, and only the loop's thread sends.
     m_Loop.post([this, copy = std::vector<std::uint8_t>(frame, frame + length)] {
-        m_Capture.add(omci::Direction::Upstream, copy.data(), copy.size());
+        capture(m_Capture, omci::Direction::Upstream, copy.data(), copy.size());
         m_Channel->send(copy.data(), copy.size());
     });
 }

@@ -1,9 +1,11 @@
 // onu-sim: the library in a host process with simulated hardware.
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <exception>
 #include <iostream>
 #include <optional>
+#include <system_error>
 
 #include "Describe.h"
 #include "HeldOutput.h"
@@ -38,6 +40,9 @@ void run(const Options& options)
     }
     if (options.describe) {
         std::cout << describeClasses().dump(2) << std::endl;
+        if (!std::cout) {
+            throw std::system_error(errno, std::generic_category(), "cannot write to standard output");
+        }
         return;
     }
     std::optional<HeldOutput> held(std::in_place);

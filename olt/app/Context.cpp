@@ -33,7 +33,11 @@ void Context::startCapture()
         throw UsageError(std::string("--pcap: ") + error.what());
     }
     m_Session->addTap([this](omci::Direction direction, const std::uint8_t* data, std::size_t size) {
-        m_Capture.add(direction, data, size);
+        try {
+            m_Capture.add(direction, data, size);
+        } catch (const std::runtime_error& error) {
+            throw UsageError("--pcap " + m_Options.capture + ": " + error.what());
+        }
     });
 }
 

@@ -1,6 +1,10 @@
 #include "terminal/Output.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+
+#include "model/Errors.h"
 
 namespace olt {
 
@@ -9,8 +13,8 @@ namespace {
 /// Readers of a pipe see a result as soon as it is there.
 void print(const std::string& text)
 {
-    std::fwrite(text.data(), 1, text.size(), stdout);
-    std::fflush(stdout);
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0)
+        throw UsageError(std::string("standard output can't be written: ") + std::strerror(errno));
 }
 
 }  // namespace

@@ -35,7 +35,10 @@ void writeFile(const std::string& name, const std::string& contents)
         std::ofstream file(fresh, std::ios::binary);
         file << contents;
         if (!file.flush()) {
-            throw std::system_error(errno, std::generic_category(), "cannot write " + fresh.string());
+            const int error = errno;
+            std::error_code ignored;
+            fs::remove(fresh, ignored);
+            throw std::system_error(error, std::generic_category(), "cannot write " + fresh.string());
         }
     }
     fs::rename(fresh, real);

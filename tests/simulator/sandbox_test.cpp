@@ -185,6 +185,34 @@ TEST_F(SandboxTest, ToldFailuresHitTheLibraryOnlyAndRunOut)
     EXPECT_EQ(0, fixtureWriteFile("/tmp/file", "x"));
 }
 
+TEST_F(SandboxTest, CallsOfTheLibraryAreNumberedAndOneFailsByItsNumber)
+{
+    Sandbox::numberCalls();
+    close(open("/dev/null", O_RDONLY));
+    EXPECT_EQ(0, fixtureWriteFile("/tmp/file", "x"));
+    EXPECT_EQ(0, fixtureReadLine("/tmp/file", m_Line.data(), m_Line.size()));
+    EXPECT_EQ((std::vector<std::string>{"open", "write", "close", "fopen", "fgets", "fclose"}),
+              Sandbox::numberedCalls());
+    Sandbox::failCall(4, EIO);
+    EXPECT_EQ(0, fixtureWriteFile("/tmp/file", "x"));
+    EXPECT_EQ(-1, fixtureReadLine("/tmp/file", m_Line.data(), m_Line.size()));
+    EXPECT_EQ(0, fixtureReadLine("/tmp/file", m_Line.data(), m_Line.size()));
+    EXPECT_EQ(9U, Sandbox::numberedCalls().size());
+}
+
+TEST_F(SandboxTest, WriteThatCrossesTheEndOfTheRoomIsCutShortAndTheNextOneFails)
+{
+    Sandbox::setRoom(5);
+    EXPECT_EQ(0, fixtureWriteFile("/tmp/first", "abc"));
+    fixtureWriteFile("/tmp/second", "def");
+    EXPECT_EQ("de", contentOf(Sandbox::realPath("/tmp/second")));
+    EXPECT_EQ(ENOSPC, fixtureWriteFile("/tmp/third", "g"));
+    makeFile(scratch() + "/own", "the room is the library's alone");
+    EXPECT_EQ("the room is the library's alone", contentOf(scratch() + "/own"));
+    Sandbox::setRoom(std::nullopt);
+    EXPECT_EQ(0, fixtureWriteFile("/tmp/third", "g"));
+}
+
 TEST_F(SandboxTest, EachFailurePointFails)
 {
     ASSERT_TRUE(Sandbox::fail("write", ENOSPC, 1));
