@@ -79,6 +79,7 @@ component_test() { test_preset release; }
 component_asan() { test_preset asan; }
 component_tsan() { test_preset tsan; }
 component_arm() { test_preset arm; }
+component_mips() { test_preset mips; }
 
 # Everything is compiled, warnings being errors; of the tests those that are programs of this compiler run by themselves.
 component_clang() {

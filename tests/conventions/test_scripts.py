@@ -9,7 +9,7 @@ import unittest
 import project
 
 SCRIPTS = project.SOURCE / "scripts"
-COMMANDS = ["install-dependencies", "test", "demo", "bench", "docs", "arm-sysroot", "abi", "coverage", "fuzz", "package"]
+COMMANDS = ["install-dependencies", "test", "demo", "bench", "docs", "arm-sysroot", "mips-sysroot", "abi", "coverage", "fuzz", "package"]
 PURPOSES = {"docs", "package", "build", "run", "test", "check", "cross"}
 
 
