@@ -250,4 +250,10 @@ INSTANTIATE_TEST_SUITE_P(Rows, SoftwareDownloadWindow,
                              // Capped, after the low 16 bits were taken.
                              WindowRow{2000000, kBaseline, 255, 254, 255}, WindowRow{2000000, kBaseline, 254, 254, 255},
                              WindowRow{2000000, kBaseline, 31, 31, 255},
-                             WindowRow{(65536 + 247) * 8, kBaseline, 255, 0, 0}));
+                             WindowRow{(65536 + 247) * 8, kBaseline, 255, 0, 0}),
+                         [](const auto& named) {
+                             const WindowRow& row = named.param;
+                             return "FifoOf" + std::to_string(row.fifoDepth) +
+                                    (row.format == kBaseline ? "BaselineProposed" : "ExtendedProposed") +
+                                    std::to_string(row.proposed);
+                         });

@@ -146,6 +146,7 @@ TEST_F(SoftwareDownloadTransition, OfTheEndOfTheDownload)
 
 struct WriteRow
 {
+    const char* name;
     const char* failure;  ///< of the C library, or null
     const char* verifyStatus;
     unsigned int status;
@@ -187,6 +188,9 @@ TEST_P(SoftwareDownloadWriteTransition, FromAcceptedToTheEndOfTheWrite)
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, SoftwareDownloadWriteTransition,
-                         ::testing::Values(WriteRow{nullptr, "0\n", 8, "0", 1}, WriteRow{nullptr, "1\n", 10, "1", -1},
-                                           WriteRow{nullptr, nullptr, 10, "1", -1}, WriteRow{"open", "0\n", 5, "1", -1},
-                                           WriteRow{"write", "0\n", 5, "1", -1}));
+                         ::testing::Values(WriteRow{"VerifiedImage", nullptr, "0\n", 8, "0", 1},
+                                           WriteRow{"ImageThatTheScriptRefuses", nullptr, "1\n", 10, "1", -1},
+                                           WriteRow{"ScriptWithoutStatus", nullptr, nullptr, 10, "1", -1},
+                                           WriteRow{"FileThatCannotBeMade", "open", "0\n", 5, "1", -1},
+                                           WriteRow{"FileThatCannotBeWritten", "write", "0\n", 5, "1", -1}),
+                         [](const auto& named) { return std::string(named.param.name); });
