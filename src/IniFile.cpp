@@ -42,7 +42,6 @@ bool isRegularFile(std::FILE* file)
 IniFile::IniFile(std::unique_ptr<Contents> contents) : m_Contents(std::move(contents))
 {}
 IniFile::IniFile(IniFile&&) noexcept = default;
-IniFile& IniFile::operator=(IniFile&&) noexcept = default;
 IniFile::~IniFile() = default;
 
 std::optional<IniFile> IniFile::load(const std::string& path, const char* function, const char* file, unsigned int line)

@@ -17,7 +17,6 @@ public:
                                        const char* file = __builtin_FILE(), unsigned int line = __builtin_LINE());
 
     IniFile(IniFile&&) noexcept;
-    IniFile& operator=(IniFile&&) noexcept;
     ~IniFile();
 
     /// Empty when there is no such key.

@@ -19,10 +19,7 @@ int MessageSnapshot::setMessage(unsigned short sequenceNumber, const unsigned ch
         NRVK_LOG(4, "Sequence number(%hu) already recorded", sequenceNumber);
         return -1;
     }
-    if (!m_Messages.emplace(sequenceNumber, std::make_unique<OmciMessage>(buffer, length)).second) {
-        NRVK_LOG(3, "Failed to storage sequence number(%hu)", sequenceNumber);
-        return -1;
-    }
+    m_Messages.emplace(sequenceNumber, std::make_unique<OmciMessage>(buffer, length));
     return 0;
 }
 

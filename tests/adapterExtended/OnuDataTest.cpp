@@ -365,4 +365,37 @@ TEST_F(OnuData, AlarmReplayProlongsTheUploadsSupervisionNotItsOwn)
     EXPECT_TRUE(timerIsRunning(Adapter::mibUploadTimerHandler));
 }
 
+TEST_F(OnuData, NextWithoutASequenceNumberIsRefused)
+{
+    for (const std::vector<unsigned char>& contents : {Bytes{}, Bytes{0}}) {
+        OmciFrame frame = requestFrame(MessageType::MibUploadNext, 2, 0, contents, omci::Format::Extended);
+        EXPECT_EQ(onuData().mibUploadNext(&frame), -1);
+        EXPECT_EQ(onuData().getAllAlarmsNext(&frame), -1);
+        EXPECT_FALSE(frame.hasReply());
+    }
+}
+
+TEST_F(OnuData, ReplayOnAnUnknownInstanceIsAnsweredWithZeros)
+{
+    OmciFrame frame = request(MessageType::MibUpload, 0);
+    onuData().mibUpload(&frame);
+    OmciFrame next = request(MessageType::MibUploadNext, 9, 0);
+    EXPECT_EQ(onuData().mibUploadNext(&next), 0);
+    EXPECT_EQ(replyContents(next), Bytes(32));
+    EXPECT_TRUE(log.has(3, "Instance(9) doesn't exists"));
+}
+
+TEST_F(OnuData, TimeOutEndsTheAlarmRetrieval)
+{
+    NorvikTimer::setTimeScale(2000);
+    adapter(263).updateAlarmsBitmap(1025, 0, true);
+    OmciFrame frame = request(MessageType::GetAllAlarms, 0);
+    onuData().getAllAlarms(&frame);
+    for (int i = 0; i < 3000 && Adapter::m_GetAllAlarmsInProgress != 0; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    EXPECT_EQ(Adapter::m_GetAllAlarmsInProgress, 0);
+    NorvikTimer::setTimeScale(1);
+}
+
 }  // namespace

@@ -202,3 +202,20 @@ TEST_F(SoftwareDownloadStatus, ForgettingClearsAnActivatedImage)
     nrvk::forgetSoftwareDownload();
     EXPECT_EQ(start(31), 0);
 }
+
+TEST_F(SoftwareDownloadStatus, HostReachesItThroughTheLibrary)
+{
+    EXPECT_EQ(nrvk::updateSoftwareDownloadStatus(3), 0);
+    EXPECT_EQ(nrvk::getSoftwareDownloadStatus(), 3);
+    EXPECT_EQ(nrvk::updateSoftwareDownloadStatus(16), -1);
+    EXPECT_EQ(nrvk::getSoftwareDownloadStatus(), 3);
+}
+
+TEST_F(SoftwareDownloadStatus, BeginOfATransferIsToldOnceUntilTheHostClearsTheFlag)
+{
+    EXPECT_CALL(hardware, notifySoftwareDownloadStatus(2)).Times(2);
+    nrvk::updateSoftwareDownloadStatus(3);
+    nrvk::updateSoftwareDownloadStatus(3);
+    nrvk::updateDownloadStartedFlag(0);
+    nrvk::updateSoftwareDownloadStatus(3);
+}
