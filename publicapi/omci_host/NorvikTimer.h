@@ -22,8 +22,8 @@ public:
     NorvikTimer(const NorvikTimer&) = delete;
     NorvikTimer& operator=(const NorvikTimer&) = delete;
 
-    /// Starts, or starts again when running. std::system_error when the timers' thread is still to be made and cannot be:
-    /// the timer does not run then.
+    /// Starts, or starts again when running. std::system_error when the timers' thread is still to be made and cannot
+    /// be: the timer does not run then.
     void startOneShotTimer(unsigned int milliseconds);
     /// Does not wait for a handler that is running.
     void stopTimer();
