@@ -1,11 +1,13 @@
-// Every message type at every class, with a hardware layer that is absent, fails or throws: a well-formed answer to
-// each, and an ONU that still uploads its MIB.
+// Every message type at every class, with a hardware layer that is absent, does nothing, fails or throws: a well-formed
+// answer to each, and an ONU that still uploads its MIB.
 
 #include <optional>
 
 #include "BrokenHardware.h"
+#include "OmciManagedEntityRegistrar.h"
 #include "OmciMe.h"
 #include "OmciMeFactory.h"
+#include "host/QuietHardware.h"
 #include "model/Subject.h"
 
 using namespace model;
@@ -19,13 +21,15 @@ constexpr std::size_t kBaselineFrame = 48;
 enum class Layer
 {
     Absent,
+    Quiet,
     Fails,
     Throws
 };
 
 void PrintTo(Layer layer, std::ostream* out)
 {
-    *out << (layer == Layer::Absent ? "absent" : layer == Layer::Fails ? "fails" : "throws");
+    constexpr const char* names[] = {"absent", "quiet", "fails", "throws"};
+    *out << names[static_cast<std::size_t>(layer)];
 }
 
 /// Alarms, attribute value changes and test results are the ONU's to send.
@@ -66,7 +70,9 @@ class EveryMessage : public ::testing::TestWithParam<Layer>
 protected:
     EveryMessage() : onu(GetParam() == Layer::Absent ? HardwareLayer::Absent : HardwareLayer::Silent)
     {
-        if (GetParam() != Layer::Absent) {
+        if (GetParam() == Layer::Quiet) {
+            OmciManagedEntityRegistrar::getInstance()->setOmciHardwareIfc(&m_Quiet);
+        } else if (GetParam() != Layer::Absent) {
             m_Broken.emplace(GetParam() == Layer::Fails ? BrokenHardware::Manner::Fails
                                                         : BrokenHardware::Manner::Throws);
         }
@@ -133,6 +139,10 @@ protected:
 
     void mendHardware() { m_Broken.reset(); }
 
+private:
+    omci::QuietHardware m_Quiet;
+
+protected:
     Subject onu;
 
 private:
@@ -183,5 +193,6 @@ TEST(BrokenRead, LeavesItsAttributeAloneOutOfTheMibUpload)
     EXPECT_EQ(expected, onu.upload(classes, true));
 }
 
-INSTANTIATE_TEST_SUITE_P(HardwareLayer, EveryMessage, ::testing::Values(Layer::Absent, Layer::Fails, Layer::Throws),
+INSTANTIATE_TEST_SUITE_P(HardwareLayer, EveryMessage,
+                         ::testing::Values(Layer::Absent, Layer::Quiet, Layer::Fails, Layer::Throws),
                          ::testing::PrintToStringParamName());
