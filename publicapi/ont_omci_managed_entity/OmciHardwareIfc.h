@@ -231,7 +231,7 @@ public:
                                 unsigned int nanoseconds) = 0;
     /// OLT-G has stored a new vendor id.
     virtual int notifyOltVendorId() = 0;
-    /// The time of day of ONT system (class 65300), taken as local time by mktime. `time` is good during the call only.
+    /// The time of day of ONT system (class 65300), local, if time_t holds it. `time` is good during the call only.
     virtual int setOntTimeOfDay(const time_t* time) = 0;
 };
 

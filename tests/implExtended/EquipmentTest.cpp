@@ -122,6 +122,8 @@ TEST_F(OltG, StartUpTellsTheHardwareNothing)
 class OntSystem : public LibraryTest
 {
 protected:
+    static constexpr bool kTimeHas64Bits = sizeof(time_t) == 8;
+
     OntSystem() { startUp(); }
 
     static Bytes timeOfDay(unsigned int year, unsigned char month, unsigned char day, unsigned char hour,
@@ -159,8 +161,37 @@ TEST_F(OntSystem, TimeOfDayIsLocalTime)
     EXPECT_TRUE(log.has(3, "Time of day (in Seconds) = " + std::to_string(static_cast<int>(seconds))));
 }
 
+TEST_F(OntSystem, TimeAfterJanuary2038IsGivenWhereTimeTHoldsItAndElseLeavesTheClock)
+{
+    const Bytes value = timeOfDay(2040, 6, 30, 23, 59, 58);
+    if constexpr (kTimeHas64Bits) {
+        const time_t seconds = given(value);
+        const std::tm* local = std::localtime(&seconds);
+        EXPECT_EQ(local->tm_year, 140);
+        EXPECT_EQ(local->tm_sec, 58);
+    } else {
+        EXPECT_CALL(hardware, setOntTimeOfDay).Times(0);
+        EXPECT_EQ(set(65300, 0, 0x8000, value), 0);
+        EXPECT_TRUE(log.has(3, "Time of day is outside of what time_t holds, the clock stays as it is"));
+    }
+    EXPECT_EQ(get(65300, 0, 0x8000), value);
+}
+
+TEST_F(OntSystem, SecondBefore1970IsATimeLikeAnyOther)
+{
+    const time_t before = -1;
+    const std::tm* local = std::localtime(&before);
+    const auto part = [](int value) { return static_cast<unsigned char>(value); };
+    EXPECT_EQ(given(timeOfDay(static_cast<unsigned int>(local->tm_year + 1900), part(local->tm_mon + 1),
+                              part(local->tm_mday), part(local->tm_hour), part(local->tm_min), part(local->tm_sec))),
+              before);
+}
+
 TEST_F(OntSystem, Year1900IsYearZero)
 {
+    if constexpr (!kTimeHas64Bits) {
+        GTEST_SKIP() << "time_t begins in December 1901";
+    }
     std::tm first{};
     first.tm_year = 0;
     first.tm_mon = 0;
