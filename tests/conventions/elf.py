@@ -48,3 +48,7 @@ def needed_libraries():
 
 def soname():
     return _dynamic("SONAME")
+
+
+def word_bits():
+    return int(re.search(r"Class:\s+ELF(32|64)", run([READELF, "--file-header", LIBRARY])).group(1))

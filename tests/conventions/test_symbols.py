@@ -140,6 +140,12 @@ class UndefinedSymbols(unittest.TestCase):
         for wanted in [("OmciMeFactory", "getInstance"), ("Logger", "writeToLog"), ("OmciMe", "~OmciMe")]:
             self.assertIn(wanted, names)
 
+    @unittest.skipIf(elf.word_bits() == 64, "the plain calls are the wide ones")
+    def test_filesAreReachedByTheCallsThatKnow64Bits(self):
+        narrow = {"open", "openat", "fopen", "freopen", "stat", "fstat", "lstat", "statvfs", "readdir"}
+        self.assertEqual([symbol.name for symbol in elf.undefined() if symbol.name in narrow], [],
+                         "refuses files with large numbers; is _FILE_OFFSET_BITS=64 gone?")
+
     def test_onlyTheRuntimeLibrariesAreNeeded(self):
         libraries = elf.needed_libraries()
         self.assertTrue(libraries)
