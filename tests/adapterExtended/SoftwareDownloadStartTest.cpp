@@ -2,11 +2,42 @@
 #include <sys/resource.h>
 
 #include <cerrno>
+#include <cstdlib>
 
 #include "OmciMeSoftwareImageIf.h"
 #include "SoftwareDownloadTest.h"
 
 using ::testing::_;
+
+namespace {
+
+/// The process may have so many octets of memory for as long as this lives.
+class MemoryLimit
+{
+public:
+    explicit MemoryLimit(rlim_t octets)
+    {
+        getrlimit(RLIMIT_AS, &m_Before);
+        const rlimit limit{octets, m_Before.rlim_max};
+        setrlimit(RLIMIT_AS, &limit);
+    }
+    ~MemoryLimit() { setrlimit(RLIMIT_AS, &m_Before); }
+    MemoryLimit(const MemoryLimit&) = delete;
+    MemoryLimit& operator=(const MemoryLimit&) = delete;
+
+    /// Emulators of another processor take the limit and do not keep it.
+    bool isKept(std::size_t tooMany) const
+    {
+        void* volatile block = std::malloc(tooMany);
+        std::free(block);
+        return block == nullptr;
+    }
+
+private:
+    rlimit m_Before{};
+};
+
+}  // namespace
 
 class SoftwareDownloadStart : public SoftwareDownloadTest
 {
@@ -166,15 +197,14 @@ TEST_F(SoftwareDownloadStart, ImageThatMemoryCannotHoldIsRefused)
     GTEST_SKIP() << "the sanitizer owns the allocator";
 #endif
     // Tripled on 32 bits, it asks for 2 bytes of disk and 1.3 GiB of memory.
+    constexpr unsigned int imageSize = 0x55555556;
     Sandbox::setFreeSpace(0xFFFFFFFF);
+    const MemoryLimit oneGigabyte(1U << 30);
+    if (!oneGigabyte.isKept(imageSize)) {
+        GTEST_SKIP() << "no limit to memory here";
+    }
     expectFailureIsTold();
-    rlimit before{};
-    ASSERT_EQ(getrlimit(RLIMIT_AS, &before), 0);
-    const rlimit oneGigabyte{1U << 30, before.rlim_max};
-    ASSERT_EQ(setrlimit(RLIMIT_AS, &oneGigabyte), 0);
-    const int result = start(0x55555556);
-    ASSERT_EQ(setrlimit(RLIMIT_AS, &before), 0);
-    EXPECT_EQ(result, -1);
+    EXPECT_EQ(start(imageSize), -1);
     expectRefused("Available memory space(4294967295) is insufficient memory to download image size 2");
 }
 
