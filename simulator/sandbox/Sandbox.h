@@ -62,7 +62,7 @@ public:
     static std::vector<std::string> numberedCalls();
     /// A disk with room for so many octets of the library's writes: the one that crosses the end is cut short, and what
     /// follows fails with ENOSPC. Nothing: no limit.
-    static void setRoom(std::optional<std::uint64_t> octets);
+    static void setRoom(std::optional<std::size_t> octets);
 
     /// Free bytes that statvfs shows to the library; nothing: those of the real file system.
     static void setFreeSpace(std::optional<std::uint64_t> bytes);

@@ -29,9 +29,10 @@ std::atomic<std::size_t> failingCall{kNever};
 std::atomic<int> failingErrno{0};
 std::array<std::atomic<unsigned char>, kKnownCalls> knownCalls;
 
-constexpr std::uint64_t kNoLimit = std::numeric_limits<std::uint64_t>::max();
+/// A size: not every 32-bit processor has atomic access to 64 bits.
+constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
 
-std::atomic<std::uint64_t> roomLeft{kNoLimit};
+std::atomic<std::size_t> roomLeft{kNoLimit};
 
 bool failsByName(FailurePoint point, const void* returnAddress)
 {
@@ -85,15 +86,15 @@ bool failsNow(FailurePoint point, const void* returnAddress)
 
 std::size_t takeRoom(std::size_t count, const void* returnAddress)
 {
-    std::uint64_t left = roomLeft.load(std::memory_order_relaxed);
+    std::size_t left = roomLeft.load(std::memory_order_relaxed);
     if (left == kNoLimit || OwnWork::isGoingOn() || !isLibraryCall(returnAddress)) {
         return count;
     }
-    std::uint64_t taken = 0;
+    std::size_t taken = 0;
     do {
         taken = left < count ? left : count;
     } while (!roomLeft.compare_exchange_weak(left, left - taken));
-    return static_cast<std::size_t>(taken);
+    return taken;
 }
 
 void disarmFailures()
@@ -143,7 +144,7 @@ std::vector<std::string> Sandbox::numberedCalls()
     return calls;
 }
 
-void Sandbox::setRoom(std::optional<std::uint64_t> octets)
+void Sandbox::setRoom(std::optional<std::size_t> octets)
 {
     sandbox::roomLeft = octets.value_or(sandbox::kNoLimit);
 }
