@@ -1,5 +1,5 @@
-// A software upgrade in which each call of the library on files, shell and threads fails once in turn, and upgrades
-// onto a disk that fills up.
+// A software upgrade in which each call of the library on files, shell and threads fails once in turn, each call on the
+// hardware layer, each log line, and upgrades onto a disk that fills up.
 #include <pthread.h>
 
 #include <algorithm>
@@ -28,6 +28,9 @@ using namespace model;
 namespace {
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+/// While the ONU is about a request of the OLT.
+thread_local bool isAboutARequest = false;
 
 /// What a process holds besides memory.
 struct Holdings
@@ -115,7 +118,9 @@ private:
     Bytes ask(const Request& request)
     {
         const Bytes frame = m_Onu.nextFrame(request);
+        isAboutARequest = true;
         const omci::Dispatcher::Reply reply = m_Onu.handle(frame);
+        isAboutARequest = false;
         const std::size_t head = request.isExtended ? 10 : 8;
         if (!request.wantsAnswer || reply.length < head) {
             return {};
@@ -319,43 +324,69 @@ TEST_P(DownloadFault, EachCallOnTheHardwareAboutAnImageThatIsRefusedThrowsOnceAn
 
 namespace {
 
-/// Which line of the writer's thread fails next.
+/// Which line of those that may fail does so next.
 std::atomic<std::size_t> linesBeforeFailure{kNone};
 std::atomic<bool> hasLineFailed{false};
 
-void failOnWriter(const Logger::Line&, void*)
+bool isWriting()
 {
     char name[16] = "";
     pthread_getname_np(pthread_self(), name, sizeof name);
-    if (std::strcmp(name, "omciFlashWrite") == 0 && linesBeforeFailure-- == 0) {
+    return std::strcmp(name, "omciFlashWrite") == 0;
+}
+
+bool isAnswering()
+{
+    return isAboutARequest;
+}
+
+template <bool mayFail()>
+void failOneLine(const Logger::Line&, void*)
+{
+    if (mayFail() && linesBeforeFailure-- == 0) {
         hasLineFailed = true;
         throw std::bad_alloc();
     }
 }
 
+class LogLineFault : public DownloadFault
+{
+protected:
+    void expectUpgradeAfterEach(Logger::Observer failLine)
+    {
+        std::size_t failing = 0;
+        for (hasLineFailed = true; hasLineFailed && failing < 1000; ++failing) {
+            SCOPED_TRACE("line " + std::to_string(failing));
+            UpgradedOnu onu(isExtended());
+            hasLineFailed = false;
+            linesBeforeFailure = failing;
+            Logger::getInstance(omci::kLibraryLoggerId)->setObserver(failLine, nullptr);
+            onu.olt().play(image());
+            linesBeforeFailure = kNone;
+            Logger::getInstance(omci::kLibraryLoggerId)->setObserver(nullptr, nullptr);
+            expectRecovery(onu);
+        }
+        EXPECT_LT(1U, failing);
+        EXPECT_FALSE(hasLineFailed);
+    }
+};
+
 /// The writer does not know by which sections the image came.
-class WriterFault : public DownloadFault
+class WriterFault : public LogLineFault
 {};
 
 }  // namespace
 
 TEST_P(WriterFault, EachLogLineOfTheWriterFailsOnceAndTheNextUpgradeGoesThrough)
 {
-    std::size_t failing = 0;
-    for (hasLineFailed = true; hasLineFailed && failing < 1000; ++failing) {
-        SCOPED_TRACE("line " + std::to_string(failing));
-        UpgradedOnu onu(isExtended());
-        hasLineFailed = false;
-        linesBeforeFailure = failing;
-        Logger::getInstance(omci::kLibraryLoggerId)->setObserver(failOnWriter, nullptr);
-        onu.olt().play(image());
-        linesBeforeFailure = kNone;
-        Logger::getInstance(omci::kLibraryLoggerId)->setObserver(nullptr, nullptr);
-        expectRecovery(onu);
-    }
-    EXPECT_LT(1U, failing);
-    EXPECT_FALSE(hasLineFailed);
+    expectUpgradeAfterEach(failOneLine<isWriting>);
+}
+
+TEST_P(LogLineFault, OfAnyRequestFailsOnceAndTheNextUpgradeGoesThrough)
+{
+    expectUpgradeAfterEach(failOneLine<isAnswering>);
 }
 
 INSTANTIATE_TEST_SUITE_P(Sections, DownloadFault, ::testing::Values(false, true), formatName);
+INSTANTIATE_TEST_SUITE_P(Sections, LogLineFault, ::testing::Values(false, true), formatName);
 INSTANTIATE_TEST_SUITE_P(Sections, WriterFault, ::testing::Values(false), formatName);
