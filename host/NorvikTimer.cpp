@@ -7,12 +7,11 @@
 #include <cmath>
 #include <condition_variable>
 #include <csignal>
+#include <ctime>
 #include <exception>
 #include <limits>
 #include <mutex>
 #include <thread>
-
-#include <time.h>
 
 #include "GuardedLog.h"
 

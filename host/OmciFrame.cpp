@@ -32,8 +32,7 @@ std::size_t contentsRoom(Format format)
 }  // namespace
 
 // The octets stay as they are: clearing 4 KB per frame would cost more than the rest of the decoding.
-OmciFrame::OmciFrame()  // NOLINT(cppcoreguidelines-pro-type-member-init)
-{}
+OmciFrame::OmciFrame() = default;
 
 void OmciFrame::setRequest(const omci::FrameView& frame)
 {

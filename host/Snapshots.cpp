@@ -14,7 +14,6 @@
 #include "omci_host/OmciMe.h"
 #include "omci_host/OmciMeFactory.h"
 
-using omci::AttributeLists;
 using omci::Format;
 
 namespace {

@@ -102,9 +102,7 @@ int runCommand(const GlobalOptions& options, Output& output, Command& command)
     }
 }
 
-}  // namespace
-
-int main(int argc, char** argv)
+int parseAndRun(int argc, char** argv)
 {
     GlobalOptions options;
     const Terminal terminal;
@@ -127,4 +125,17 @@ int main(int argc, char** argv)
     Output output(terminal, options.json);
     const auto command = parser.take();
     return runCommand(options, output, *command);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return parseAndRun(argc, argv);
+    } catch (const std::exception& error) {
+        // Without memory for a better message, say.
+        std::fprintf(stderr, "omci-olt: %s\n", error.what());
+        return static_cast<int>(ExitCode::Refused);
+    }
 }

@@ -7,7 +7,7 @@ namespace olt {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r";
-constexpr std::size_t kLongestLine = 64 * 1024;
+constexpr std::size_t kLongestLine = std::size_t{64} * 1024;
 
 class WordSplitter
 {

@@ -66,6 +66,8 @@ private:
         auto json = resultJson("get-next", m_Entity, contents);
         json["attribute"] = m_Table->name;
         json["size"] = contents.size;
+        if (m_Table->form == Form::VlanRow)
+            json["newest_only"] = contents.newestOnly;
         json["rows"] = Output::Json::array();
         for (const auto& row : contents.rows)
             json["rows"].push_back("0x" + toHex(row));
@@ -84,6 +86,8 @@ private:
         }
         if (!table.isEmpty())
             output.table(table);
+        if (contents.newestOnly)
+            output.note("this ONU reads back the newest row only");
     }
 
     EntityArguments m_Target;

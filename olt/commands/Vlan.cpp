@@ -36,7 +36,7 @@ public:
 
     ExitCode run(Context& context) override
     {
-        const VlanTableContents contents = readVlanTable(context.session(), m_Entity, *m_Table);
+        const TableContents contents = readVlanTable(context.session(), m_Entity, *m_Table);
         auto& output = context.output();
         if (output.isJson())
             output.object(toJson(contents));
@@ -46,7 +46,7 @@ public:
     }
 
 private:
-    Output::Json toJson(const VlanTableContents& contents) const
+    Output::Json toJson(const TableContents& contents) const
     {
         auto json = resultJson("vlan", m_Entity, contents);
         json["newest_only"] = contents.newestOnly;
@@ -58,7 +58,7 @@ private:
         return json;
     }
 
-    void print(Output& output, const VlanTableContents& contents) const
+    void print(Output& output, const TableContents& contents) const
     {
         output.line(entityLabel(m_Entity), Style::Bold);
         if (contents.rows.empty())

@@ -80,7 +80,7 @@ DetailWords detailWords(const std::string& key, const Json& value)
 
 std::string messageName(const omci::FrameHeader& header)
 {
-    const std::string name = omci::messageTypeName(header.type);
+    std::string name = omci::messageTypeName(header.type);
     if (omci::isAutonomous(header.type))
         return name;
     return name + (header.acknowledgement ? " response" : " request");

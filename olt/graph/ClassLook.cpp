@@ -96,7 +96,7 @@ std::string queueText(const MibEntity& entity, const Mib& mib)
 {
     const auto related = numberOf(entity, "RelatedPort").value_or(0);
     const auto instance = static_cast<std::uint16_t>(related >> 16);
-    const std::string priority = "priority " + std::to_string(related & 0xFFFF);
+    std::string priority = "priority " + std::to_string(related & 0xFFFF);
     const bool isUpstream = (entity.instance & 0x8000) != 0;
     const std::vector<std::uint16_t> owners =
         isUpstream ? std::vector<std::uint16_t>{262} : std::vector<std::uint16_t>{11, 329, 53, 82};

@@ -59,6 +59,8 @@ struct TableContents : Outcome
 {
     std::uint32_t size = 0;   ///< As the ONU announces it.
     std::vector<Bytes> rows;  ///< The last one may be short.
+    /// The ONU answers a get with the row that was set last instead of the table's size, and refuses get next.
+    bool newestOnly = false;
 };
 [[nodiscard]] TableContents readTable(Session& session, const EntityId& entity, const Attribute& table);
 /// The rows of a table whose size the ONU does not tell, until it has no more; a get must have gone before. None where

@@ -20,18 +20,16 @@ bool isSize(const Bytes& octets)
 
 }  // namespace
 
-VlanTableContents readVlanTable(Session& session, const EntityId& entity, const Attribute& attribute)
+TableContents readVlanTable(Session& session, const EntityId& entity, const Attribute& attribute)
 {
-    VlanTableContents table;
+    TableContents table;
     const GetOutcome got = getAttributes(session, entity, {&attribute});
     table.merge(got);
     if (!got.succeeded())
         return table;
     const bool isRow = !got.values.values.empty() && !isSize(got.values.values.front().value);
-    if (!isRow) {
-        static_cast<TableContents&>(table) = readTable(session, entity, attribute);
-        return table;
-    }
+    if (!isRow)
+        return readTable(session, entity, attribute);
     table.rows = readRowsWithoutSize(session, entity, attribute);
     table.newestOnly = table.rows.empty();
     if (table.newestOnly)

@@ -209,6 +209,17 @@ class VlanTableTest(OltTest):
                 self.assertEqual([row["octets"] for row in answer["rows"]], ["0x" + row.hex() for row in self.ROWS])
                 self.assertIn("untagged: add VID 1", self.olt(onu, *options, "get-next", "171", "1").stdout)
 
+    def test_newest_row_of_an_onu_that_tells_no_other_is_called_so(self):
+        with FakeOnu() as onu:
+            onu.add(171, 1)
+            onu._get = lambda key, frame: struct.pack(">BH", 0, 0x0400) + self.ROWS[0]
+            onu._get_next = lambda key, frame: struct.pack(">BH", 2, 0)
+            for command in (["vlan", "1"], ["get-next", "171", "1"]):
+                self.assertIn("this ONU reads back the newest row only\n", self.olt(onu, *command).stderr)
+                answer = self.json_of(self.olt(onu, "--json", *command))
+                self.assertTrue(answer["newest_only"])
+                self.assertEqual(len(answer["rows"]), 1)
+
     def test_empty_table(self):
         with FakeOnu() as onu:
             onu.add(171, 1)
