@@ -131,8 +131,12 @@ class SlowHardware(SlowHardwareTest):
 
     def test_a_host_reports_its_lease_after_the_delay(self):
         self.simulator.omci(MIB_RESET, 2, 0)
+        start = time.monotonic()
         self.host_asks_for_a_lease()
-        self.assertEqual("off", self.ask(ip_hosts=True)["result"][0]["mode"])
+        mode = self.ask(ip_hosts=True)["result"][0]["mode"]
+        # On a busy machine the delay may have gone by with the questions.
+        if time.monotonic() - start < DELAY:
+            self.assertEqual("off", mode)
         self.wait_until(lambda: self.ask(ip_hosts=True)["result"][0]["mode"] == "dhcp", "the host never asks")
         frame = self.simulator.udp.recv(2048)
         self.assertEqual((0, AVC, 0x0A, IP_HOST, 0), struct.unpack(">HBBHH", frame[:8]))
